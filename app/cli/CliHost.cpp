@@ -1,0 +1,31 @@
+#include "CliHost.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <ostream>
+
+CliHost::CliHost(std::ostream& err) : m_err(&err), m_terminal(::isatty(STDERR_FILENO) != 0) {}
+
+int CliHost::ShowMessage(int, const std::string& text, unsigned style) {
+    if (m_lastPercent >= 0) {
+        *m_err << '\n';
+        m_lastPercent = -1;
+    }
+    *m_err << text << std::endl;
+    m_shown = true;
+    // Nobody can answer a question here: a yes/no prompt is taken as no.
+    return (style & MB_YESNO) ? IDNO : IDOK;
+}
+
+void CliHost::Progress(const char* what, double done, double total) {
+    if (!m_terminal || total <= 0) return;
+    int percent = static_cast<int>(100.0 * done / total);
+    if (percent == m_lastPercent) return;
+    m_lastPercent = percent;
+    *m_err << '\r' << what << ' ' << percent << '%' << std::flush;
+    if (percent >= 100) {
+        *m_err << "\r\033[K" << std::flush;
+        m_lastPercent = -1;
+    }
+}

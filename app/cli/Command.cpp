@@ -1,0 +1,86 @@
+#include "Command.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "CliHost.h"
+#include "framework/Config.h"
+
+namespace {
+
+std::vector<CliCommand>& Commands() {
+    static std::vector<CliCommand> commands;
+    return commands;
+}
+
+std::vector<DemoStep>& Steps() {
+    static std::vector<DemoStep> steps;
+    return steps;
+}
+
+CliHost* g_host = nullptr;
+
+}  // namespace
+
+CommandRegistrar::CommandRegistrar(int order, CLI::App* (*setup)(CLI::App&), int (*run)(CliIO&)) {
+    Commands().push_back({order, setup, run});
+}
+
+DemoRegistrar::DemoRegistrar(DemoStep step) { Steps().push_back(std::move(step)); }
+
+const std::vector<CliCommand>& cli_Commands() {
+    std::vector<CliCommand>& c = Commands();
+    std::stable_sort(c.begin(), c.end(), [](const CliCommand& a, const CliCommand& b) { return a.order < b.order; });
+    return c;
+}
+
+std::vector<DemoStep> cli_DemoSteps() {
+    std::vector<DemoStep> steps = Steps();
+    std::stable_sort(steps.begin(), steps.end(), [](const DemoStep& a, const DemoStep& b) { return a.order < b.order; });
+    return steps;
+}
+
+CliHost& cli_Host() { return *g_host; }
+
+int cli_Status(int rc) { return (rc != 0 || (g_host && g_host->MessageShown())) ? 1 : 0; }
+
+int cli_Run(const std::vector<std::string>& args, CliIO& io) {
+    CLI::App app{"oproc: output processor for discrete-event simulation.\n"
+                 "Analyses, graphs and conversions of simulation output data files.",
+                 "oproc"};
+    app.require_subcommand(1);
+    app.set_version_flag("--version", "oproc 0.1");
+    bool single = false;
+    app.add_flag("--single-precision", single, "Write data files with 4-byte records for this run");
+
+    std::vector<std::pair<CLI::App*, int (*)(CliIO&)>> subs;
+    for (const CliCommand& c : cli_Commands()) subs.emplace_back(c.setup(app), c.run);
+
+    // CLI11 parses from the back of the vector.
+    std::vector<std::string> reversed(args.rbegin(), args.rend());
+    try {
+        app.parse(reversed);
+    } catch (const CLI::ParseError& e) {
+        int status = app.exit(e, io.out, io.err);
+        return status == 0 ? 0 : 2;
+    }
+
+    CliHost host(io.err);
+    CliHost* previousCli = g_host;
+    g_host = &host;
+    ScopedHost scope(&host);
+    int previousPrecision = cfg_GetDoublePrecOutput();
+    if (single) cfg_SetDoublePrecOutput(0);
+
+    int status = 2;
+    try {
+        for (auto& [sub, run] : subs)
+            if (sub->parsed()) status = run(io);
+    } catch (const CLI::ParseError& e) {
+        io.err << e.what() << std::endl;
+        status = 2;
+    }
+    cfg_SetDoublePrecOutput(previousPrecision);
+    g_host = previousCli;
+    return status;
+}

@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Sets up a fresh Debian machine, builds, and runs the demo or the tests.
+#   ./build.sh demo [DIR]   build, then make sample data and run every analysis
+#   ./build.sh test         build, then run the whole test suite
+#   ./build.sh build        build only
+# BUILD_DIR picks the build folder (default build); OPROC_SANITIZE=1 builds with
+# AddressSanitizer and UndefinedBehaviorSanitizer.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+need=()
+command -v cmake >/dev/null || need+=(cmake)
+command -v g++ >/dev/null || need+=(g++)
+command -v make >/dev/null || need+=(make)
+[ -f /usr/include/CLI/CLI.hpp ] || need+=(libcli11-dev)
+[ -d /usr/include/gtest ] || need+=(libgtest-dev)
+[ -d /usr/include/benchmark ] || need+=(libbenchmark-dev)
+if ((${#need[@]})); then
+    sudo=""
+    [ "$(id -u)" = 0 ] || sudo=sudo
+    echo "Installing ${need[*]} ..." >&2
+    $sudo apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq "${need[@]}" >/dev/null
+fi
+
+build_dir=${BUILD_DIR:-build}
+flags=(-DCMAKE_BUILD_TYPE=RelWithDebInfo)
+if [ "${OPROC_SANITIZE:-0}" = 1 ]; then
+    flags+=(-DOPROC_SANITIZE=ON -DOPROC_BENCH=OFF)
+fi
+cmake -S . -B "$build_dir" "${flags[@]}" >/dev/null
+cmake --build "$build_dir" -j"$(nproc)"
+
+what=${1:-build}
+[ $# -gt 0 ] && shift
+case "$what" in
+    demo) exec "$build_dir/oproc" demo "$@" ;;
+    test) exec ctest --test-dir "$build_dir" --output-on-failure -j"$(nproc)" ;;
+    build) ;;
+    *) echo "usage: ./build.sh demo [DIR] | test | build" >&2; exit 2 ;;
+esac

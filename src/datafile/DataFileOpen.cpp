@@ -1,0 +1,36 @@
+#include <unistd.h>
+
+#include "datafile/DataFile.h"
+#include "framework/Messages.h"
+
+namespace {
+
+// Large buffers keep record-at-a-time reads of 10^7-record files cheap.
+constexpr std::size_t kStreamBuffer = 1 << 18;
+
+}  // namespace
+
+FILE* op_OpenDataFile(int* err, const char* path, int mode, bool mustExist) {
+    *err = 0;
+    if (mode == 3) return nullptr;  // a temporary name only; nothing is opened
+    bool exists = ::access(path, F_OK) == 0;
+    const char* how;
+    if (mustExist) {
+        if (!exists) {
+            *err = IDS_NO_FILE_OPEN;
+            return nullptr;
+        }
+        how = (mode == 2) ? "rb" : "r";
+    } else if (mode == 4 || mode == 5 || !exists) {
+        how = (mode == 2 || mode == 4) ? "w+b" : "w+";
+    } else {
+        how = (mode == 2) ? "r+b" : "r+";
+    }
+    FILE* f = std::fopen(path, how);
+    if (!f) {
+        *err = IDS_OPEN_ERROR;
+        return nullptr;
+    }
+    std::setvbuf(f, nullptr, _IOFBF, kStreamBuffer);
+    return f;
+}

@@ -1,0 +1,65 @@
+// Documents that analyse data files: the base of every analysis document, and
+// the single-file document that keeps its file open with an index of the
+// replications so that any replication can be reached by a seek.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "framework/Document.h"
+
+// One replication of a data file.
+class CRepInfo : public CObject {
+public:
+    long m_lFilePos = 0;  // byte offset of the replication's first record
+    int m_nObsCount = 0;  // observation records (time > -1.0)
+};
+
+class CBaseFileDoc : public CDocument {};
+
+class CSingleDoc : public CBaseFileDoc {
+public:
+    CSingleDoc();
+    ~CSingleDoc() override;
+
+    bool OnNewDocument() override;
+    // Counts replications, reads the header and indexes the replications. The
+    // stream stays open, positioned at the first record.
+    bool OnOpenDocument(const char* path) override;
+    void OnCloseDocument() override;
+
+    // Makes first sibling 0 and opens one sibling per further replication.
+    // 0 when all opened, -1 when one failed (then none are kept).
+    virtual int OpenAllReps(CSingleDoc* first);
+    // A new, unopened document of the same class.
+    virtual CSingleDoc* CreateSibling();
+    // Deletes every sibling but this document and closes the stream.
+    virtual int ReleaseSiblings();
+
+    void GetRepRange(int* firstRep, int* obsCount) const;
+    // Index entry r (1 = first replication); throws std::out_of_range past the index.
+    const CRepInfo& RepInfo(int r) const { return *m_repIndex.at(static_cast<std::size_t>(r)); }
+    int RepIndexSize() const { return static_cast<int>(m_repIndex.size()); }
+    const std::vector<CSingleDoc*>& Siblings() const { return m_siblings; }
+
+    int m_nReps = 0;
+    int m_nKind = 0;
+    int m_nReinit = 0;
+    int m_nTreatment = 1;
+    std::string m_strTitle;
+    std::string m_strIdent;
+    std::string m_strType;
+    std::vector<std::unique_ptr<CObject>> m_objList;  // for the derived analyses
+    double m_dValue[4] = {0.0, 0.0, 0.0, 0.0};        // for the derived analyses
+    int m_nIsDouble = 1;
+    FILE* m_pFile = nullptr;
+
+private:
+    void CloseStream();
+    void BuildIndex();
+
+    std::vector<std::unique_ptr<CRepInfo>> m_repIndex;
+    std::vector<CSingleDoc*> m_siblings;  // [0] is the document itself; owns the rest
+};

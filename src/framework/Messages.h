@@ -1,0 +1,48 @@
+// The string table: every user-visible message and report string, by id.
+// An id doubles as the error code that documents and the data-file layer return.
+#pragma once
+
+#include <string>
+
+// Ids that the code names; the rest are used by number beside their text.
+enum MessageId : int {
+    IDS_NO_FILE_OPEN = 23,  // open with mustExist on a missing file; no text of its own
+    IDS_SOURCE_NOT_SPECIFIED = 15803,
+    IDS_INVALID_REP_TREATMENT = 15804,
+    IDS_FILE_KIND_MISMATCH = 15806,
+    IDS_APPEND_NEEDS_LUMPED = 15807,
+    IDS_APPEND_NEEDS_NONLUMPED = 15808,
+    IDS_MAX_LAGS_POSITIVE = 15809,
+    IDS_TIME_PERSISTENT = 15810,
+    IDS_FILE_NOT_FOUND = 15811,
+    IDS_BAD_CONFIDENCE_LEVEL = 15813,
+    IDS_NO_FILES = 15814,
+    IDS_WINDOW_TOO_SMALL = 15816,
+    IDS_INVALID_DATA_FILE = 15821,
+    IDS_ENDING_TIME = 15830,
+    IDS_OPEN_ERROR = 15832,
+    IDS_WRITE_ERROR = 15833,
+    IDS_READ_ERROR = 15834,
+    IDS_END_OF_FILE = 15836,
+    IDS_VALUE_RANGE = 15900,
+    IDS_NO_OBSERVATIONS = 15901,
+    IDS_ALREADY_IN_GROUP = 15905,
+    IDS_SAME_OUTPUT_FILE = 15925,
+    IDS_FILES_KIND_MISMATCH = 15926,
+    IDS_INVALID_NUMBER = 15927,
+    IDS_INVALID_HEADER = 15928,
+    IDS_ZERO_DENOMINATOR = 15930,
+    IDS_NO_OBSERVATIONS_FOUND = 15931,
+    IDS_LUMPED_NOT_ALLOWED = 15932,
+    IDS_BUFFER_EXCEEDED = 15934,
+    IDS_NOT_ENOUGH_REPS = 15940,
+    IDS_TEXT_TOO_LONG = 15944,
+    IDS_TEMP_FILE_ERROR = 15945,
+    IDS_ERROR_ACCESSING_FILE = 16050,
+};
+
+// The text of a string id; empty for an id the table does not hold.
+const std::string& msg_Text(int id);
+
+// True when the table holds the id.
+bool msg_Has(int id);
