@@ -3,6 +3,8 @@
 #include "datafile/DataFile.h"
 #include "framework/Host.h"
 
+int CBaseFileDoc::InitFromDialog(CDialog&) { return 0; }
+
 CSingleDoc::CSingleDoc() {
     m_repIndex.push_back(std::make_unique<CRepInfo>());
     m_repIndex.push_back(std::make_unique<CRepInfo>());

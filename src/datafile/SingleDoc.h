@@ -17,7 +17,15 @@ public:
     int m_nObsCount = 0;  // observation records (time > -1.0)
 };
 
-class CBaseFileDoc : public CDocument {};
+class CDialog;
+
+// Base of every analysis document.
+class CBaseFileDoc : public CDocument {
+public:
+    // Takes the parameters from the analysis's dialog and computes; returns 0 or
+    // the message id to show (then no window is made).
+    virtual int InitFromDialog(CDialog& dlg);
+};
 
 class CSingleDoc : public CBaseFileDoc {
 public:

@@ -1,0 +1,22 @@
+// Distribution functions and critical values. Upper-tail convention throughout:
+// a quantile function takes p and returns the point exceeded with probability p.
+#pragma once
+
+// Returned by st_TQuantile when its inner root comes out exactly 0.
+inline constexpr double kQuantileFailure = 15929.0;
+inline constexpr double kTQuantileTolerance = 0.001;
+inline constexpr double kFQuantileTolerance = 0.001;
+
+double st_NormalUpperTail(double z);
+double st_NormalQuantile(double p, double tol);
+// prob = I_x(a/2, b/2); returns d prob / dx.
+double st_FUpperTail(int a, int b, double x, double* prob);
+double st_FBetaQuantile(int a, int b, double p, double tol);
+double st_TQuantile(int df, double p);
+double st_FQuantile(int m, int n, double p);
+// q(alpha; k1 + 1, df) from the studentized range table, or 0.0.
+double LookupStudentizedRange(int k1, int df, double alpha);
+
+// Chi-square: upper tail into *tail, density as the result; and the quantile.
+double st_ChiSquareUpperTail(int df, double x, double* tail);
+double st_ChiSquareQuantile(int df, double p);
