@@ -53,6 +53,7 @@ void op_RangeScanEnd(const RangeScan* scan, double* bounds) {
 }
 
 int op_ScanRangeFiles(const std::vector<RangeSource>& files, double* bounds, const int* flags) {
+    if (flags[0] > 0 && flags[1] > 0 && flags[2] > 0 && flags[3] > 0) return 0;  // nothing left open
     RangeScan scan;
     op_RangeScanBegin(&scan, bounds, flags);
     for (const RangeSource& src : files) {
