@@ -85,7 +85,9 @@ Steps SearchSteps(int extent, double range, int code, int minSpacing) {
             ++m;
         }
         s = L.majorMult[k] / IntPower(10.0, code - m);
-        if (s > 32767.0) {
+        // The 16-bit limit applies to the step as labelled; in data units it
+        // would stop every axis past 32767 with overlapping labels.
+        if (s * IntPower(10.0, code) > 32767.0) {
             out.major = range / minSpacing;
             out.decimals = code - m;
             break;

@@ -110,6 +110,16 @@ TEST(DrawGraphFrame, ThousandsShowAFactorAfterTheTitleLength) {
     EXPECT_EQ(close->from.y, 570);
 }
 
+TEST(DrawGraphFrame, MillionsOfTimeUnitsKeepReadableSteps) {
+    CRecordingDC dc;
+    test_Layout(dc, 800, 600);
+    // E 7, code -6: candidates in millions, 700 / (10 / 2 + 1) = 116 > 100 at 2 million.
+    const double range[4] = {0.0, 1e7, 0.0, 10.0};
+    DrawGraphFrame(dc, range, "Time", "", "", GK_ORDINARY, nullptr);
+    EXPECT_EQ(LabelsUnderAxis(dc, 550), (std::vector<std::string>{"0", "2", "4", "6", "8", "10"}));
+    EXPECT_NE(dc.FindText("6"), nullptr);
+}
+
 TEST(DrawGraphFrame, ThousandthsOnYShowANegativeFactorUnderTheTitle) {
     CRecordingDC dc;
     test_Layout(dc, 800, 600);
