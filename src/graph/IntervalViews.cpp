@@ -1,0 +1,56 @@
+#include "graph/IntervalViews.h"
+
+#include "framework/Messages.h"
+
+CIntrvlView::CIntrvlView(int titleId) : m_nTitleId(titleId) {}
+
+int CIntrvlView::DrawGraph(CDC& dc) {
+    chart_DrawIntervals(dc, m_chart);
+    return 0;
+}
+
+void CIntrvlView::SetRecords(const std::vector<std::string>& names, int first, int stride, double low, double high,
+                             double alpha, bool scale) {
+    chart_ReadRecords(m_chart, names, first, stride, ShowsExtremes());
+    m_chart.low = low;
+    m_chart.high = high;
+    m_chart.title = msg_Text(m_nTitleId);
+    m_chart.estimateLabel = ShowsExtremes() ? msg_Text(15956) : "";
+    m_chart.legend = chart_LegendText(alpha);
+    m_chart.scale = scale;
+}
+
+int CComprView::DrawGraph(CDC& dc) {
+    chart_DrawIntervals(dc, m_chart);
+    return 0;
+}
+
+void CComprView::SetPairs(const std::vector<IntervalItem>& pairs, bool paired, double low, double high, double alpha,
+                          bool scale) {
+    m_chart.items = pairs;
+    m_chart.low = low;
+    m_chart.high = high;
+    m_chart.title = msg_Text(paired ? 15957 : 15958);
+    m_chart.estimateLabel = msg_Text(15959);
+    m_chart.legend = chart_LegendText(alpha);
+    m_chart.hasReference = true;
+    m_chart.reference = 0.0;
+    m_chart.scale = scale;
+}
+
+int CVarView::DrawGraph(CDC& dc) {
+    chart_DrawIntervals(dc, m_chart);
+    return 0;
+}
+
+void CVarView::SetPairs(const std::vector<IntervalItem>& pairs, double low, double high, double alpha, bool scale) {
+    m_chart.items = pairs;
+    m_chart.low = low;
+    m_chart.high = high;
+    m_chart.title = msg_Text(15976);
+    m_chart.estimateLabel = msg_Text(16043);
+    m_chart.legend = chart_LegendText(alpha);
+    m_chart.hasReference = true;
+    m_chart.reference = 1.0;
+    m_chart.scale = scale;
+}
