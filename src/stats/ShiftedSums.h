@@ -24,7 +24,8 @@ public:
         }
         m_sum = t;
     }
-    double Value() const { return m_sum + m_comp; }
+    // An infinite sum makes the compensation NaN; the sum alone is the answer.
+    double Value() const { return std::isfinite(m_sum) ? m_sum + m_comp : m_sum; }
 
 private:
     double m_sum = 0.0;

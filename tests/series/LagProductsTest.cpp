@@ -116,3 +116,20 @@ TEST(Fft, TransformsKnownSequences) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(LagProducts, MethodFollowsTheWork) {
+    using M = CLagProducts::Method;
+    // 10^7 observations: a handful of lags is cheapest summed directly, 9999
+    // lags (10^11 products) only by the transform.
+    EXPECT_EQ(CLagProducts::Choose(10, 10'000'000), M::Direct);
+    EXPECT_EQ(CLagProducts::Choose(20, 10'000'000), M::Direct);
+    EXPECT_EQ(CLagProducts::Choose(200, 10'000'000), M::Fft);
+    EXPECT_EQ(CLagProducts::Choose(9999, 10'000'000), M::Fft);
+    EXPECT_EQ(CLagProducts::Choose(9999, 20'000), M::Fft);
+    // Small work stays direct whatever the lags.
+    EXPECT_EQ(CLagProducts::Choose(500, 20'000), M::Direct);
+}
+
+}  // namespace
