@@ -6,6 +6,8 @@
 
 #include "Command.h"
 #include "FileArgs.h"
+#include "GraphOutput.h"
+#include "graph/IntervalViews.h"
 #include "framework/Host.h"
 #include "report/TextView.h"
 #include "stats/ComprDoc.h"
@@ -22,6 +24,7 @@ struct Options {
     std::string title;
     bool scale = false;
     std::vector<std::string> files;
+    SvgOptions svg;
 };
 Options g_compare;
 Options g_vartest;
@@ -35,6 +38,7 @@ void AddCommon(CLI::App* sub, Options& o) {
     sub->add_option("--title", o.title, "Title of the report");
     sub->add_flag("--scale", o.scale, "Show the scale on the chart");
     sub->add_option("FILE", o.files, kFilesHelp);
+    cli_AddSvgOptions(sub, o.svg, false);
 }
 
 void FillPairs(CBasePairsDlg& dlg, const Options& o) {
@@ -51,8 +55,8 @@ void FillPairs(CBasePairsDlg& dlg, const Options& o) {
 }
 
 // Validation, document and report as in the desktop program.
-template <typename Dlg, typename Doc, typename View>
-int RunPairs(Dlg& dlg, CliIO& io) {
+template <typename Dlg, typename Doc, typename View, typename Graph>
+int RunPairs(Dlg& dlg, const Options& o, int captionId, CliIO& io) {
     int index = 0;
     if (int id = dlg.Validate(&index)) {
         AfxMessageBox(id);
@@ -66,7 +70,9 @@ int RunPairs(Dlg& dlg, CliIO& io) {
     View view;
     view.SetDocument(&doc);
     io.out << txt_ReportText(view);
-    return cli_Status(0);
+    Graph graph;
+    graph.SetDocument(&doc);
+    return cli_Status(cli_WriteGraphSvg(o.svg, captionId, doc.m_strTitle, graph));
 }
 
 CLI::App* SetupCompare(CLI::App& app) {
@@ -83,7 +89,7 @@ int RunCompare(CliIO& io) {
     CComprDlg dlg;
     FillPairs(dlg, g_compare);
     dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
-    return RunPairs<CComprDlg, CComprDoc, CComprTextView>(dlg, io);
+    return RunPairs<CComprDlg, CComprDoc, CComprTextView, CComprView>(dlg, g_compare, 16020, io);
 }
 
 CLI::App* SetupVartest(CLI::App& app) {
@@ -96,7 +102,7 @@ CLI::App* SetupVartest(CLI::App& app) {
 int RunVartest(CliIO& io) {
     CVarDlg dlg;
     FillPairs(dlg, g_vartest);
-    return RunPairs<CVarDlg, CVarDoc, CVarTextView>(dlg, io);
+    return RunPairs<CVarDlg, CVarDoc, CVarTextView, CVarView>(dlg, g_vartest, 16026, io);
 }
 
 CommandRegistrar g_regCompare(300, SetupCompare, RunCompare);
@@ -108,18 +114,20 @@ DemoRegistrar g_demoDesign({500,
                             ""});
 DemoRegistrar g_demoPaired({510,
                             "Paired-t: average wait per replication, sample system against the faster server",
-                            {"compare", "--title", "Faster server", "meanwait.dat@Lumped", "faster/meanwait.dat@Lumped"},
-                            ""});
+                            {"compare", "--title", "Faster server", "meanwait.dat@Lumped", "faster/meanwait.dat@Lumped",
+                             "--svg", "compare-paired.svg"},
+                            "compare-paired.svg"});
 DemoRegistrar g_demoTwoSample({520,
                                "Two-sample-t: the waits of replication 1 against replication 2, and every "
                                "replication of the two designs",
                                {"compare", "--method", "two-sample", "--title", "Waits", "waits.dat@1",
-                                "waits.dat@2", "waits.dat@All", "faster/waits.dat@All"},
-                               ""});
+                                "waits.dat@2", "waits.dat@All", "faster/waits.dat@All", "--scale", "--svg",
+                                "compare-two-sample.svg"},
+                               "compare-two-sample.svg"});
 DemoRegistrar g_demoVartest({530,
                              "Comparison of variances: replication averages and single replications",
                              {"vartest", "--title", "Spread of the waits", "meanwait.dat@Lumped",
-                              "faster/meanwait.dat@Lumped", "waits.dat@1", "waits.dat@2"},
-                             ""});
+                              "faster/meanwait.dat@Lumped", "waits.dat@1", "waits.dat@2", "--svg", "vartest.svg"},
+                             "vartest.svg"});
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <ostream>
 
 #include "Command.h"
+#include "GraphOutput.h"
+#include "graph/CorrView.h"
 #include "framework/Host.h"
 #include "report/TextView.h"
 #include "series/CorrDlg.h"
@@ -18,6 +20,7 @@ struct Options {
     std::string title;
     std::string maxLags;
     std::string out;
+    SvgOptions svg;
 };
 Options g_opt;
 
@@ -29,6 +32,7 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--title", g_opt.title, "Title of the summary and of the saved file");
     sub->add_option("--max-lags", g_opt.maxLags, "Largest lag, 1 to 9999")->required();
     sub->add_option("--out", g_opt.out, "Save the correlations in this data file (.cor added when no extension)");
+    cli_AddSvgOptions(sub, g_opt.svg, false);
     return sub;
 }
 
@@ -61,7 +65,9 @@ int Correlogram(const Options& o, CliIO& io) {
     CCorrTextView view;
     view.SetDocument(&doc);
     io.out << txt_ReportText(view);
-    return cli_Status(0);
+    CCorrView graph;
+    graph.SetDocument(&doc);
+    return cli_Status(cli_WriteGraphSvg(o.svg, 16032, doc.GetTitle().empty() ? o.file : doc.GetTitle(), graph));
 }
 
 int Run(CliIO& io) { return Correlogram(g_opt, io); }
@@ -71,7 +77,7 @@ CommandRegistrar g_reg(320, Setup, Run);
 DemoRegistrar g_demo({540,
                       "Correlogram of the waits in replication 1, saved as waits.cor",
                       {"correlogram", "waits.dat", "--reps", "1", "--title", "Waits, replication 1", "--max-lags",
-                       "50", "--out", "waits.cor"},
-                      ""});
+                       "50", "--out", "waits.cor", "--svg", "correlogram.svg"},
+                      "correlogram.svg"});
 
 }  // namespace

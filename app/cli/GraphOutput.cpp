@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "framework/Host.h"
+#include "framework/Messages.h"
 #include "framework/SafeOutput.h"
 #include "framework/SvgDC.h"
 #include "framework/View.h"
@@ -60,4 +61,10 @@ int cli_WriteSvg(const SvgOptions& opts, const std::string& caption, const std::
         return 1;
     }
     return 0;
+}
+
+int cli_WriteGraphSvg(const SvgOptions& opts, int captionId, const std::string& subject, CView& view) {
+    if (opts.path.empty()) return 0;
+    view.OnInitialUpdate();
+    return cli_WriteSvg(opts, msg_Text(captionId) + subject, {{&view, 0}});
 }

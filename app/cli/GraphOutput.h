@@ -28,3 +28,8 @@ struct SvgPane {
 // Draws the panes into an SVG of the chosen size and writes it through a safe
 // output. Does nothing without --svg. Returns 0, or 1 after a message.
 int cli_WriteSvg(const SvgOptions& opts, const std::string& caption, const std::vector<SvgPane>& panes);
+
+// The graph pane of an analysis window: the view, given its document, takes
+// its data (OnInitialUpdate) and fills the whole drawing. The caption is the
+// frame's: the text of captionId followed by subject.
+int cli_WriteGraphSvg(const SvgOptions& opts, int captionId, const std::string& subject, CView& view);

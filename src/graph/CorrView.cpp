@@ -3,11 +3,22 @@
 #include <algorithm>
 
 #include "framework/Messages.h"
+#include "series/CorrDoc.h"
 
 void CCorrView::SetLags(const std::vector<double>& correlations, int maxLags, const std::string& title) {
     m_correlations = correlations;
     m_nMaxLags = maxLags;
     m_strTitle = title;
+}
+
+void CCorrView::OnInitialUpdate() {
+    CBaseView::OnInitialUpdate();
+    auto* doc = dynamic_cast<CCorrDoc*>(m_pDocument);
+    if (!doc) return;
+    // Under "all" the list holds every replication's lags; the chart shows the first.
+    std::vector<double> r;
+    for (int i = 0; i < doc->CovarCount() && i < doc->m_nMaxLags; ++i) r.push_back(doc->Covar(i).m_dCorrelation);
+    SetLags(r, doc->m_nMaxLags, doc->m_strCorrTitle.empty() ? std::string("Correlogram") : doc->m_strCorrTitle);
 }
 
 int CCorrView::DrawGraph(CDC& dc) {

@@ -12,6 +12,8 @@ public:
     CCorrView() { m_nGraphKind = GK_CORRELOGRAM; }
 
     int DrawGraph(CDC& dc) override;
+    // Takes the lags, the largest lag and the title of its CCorrDoc.
+    void OnInitialUpdate() override;
 
     // Correlations of lags 1, 2, ...; the first maxLags are drawn.
     void SetLags(const std::vector<double>& correlations, int maxLags, const std::string& title);

@@ -1,6 +1,28 @@
 #include "graph/IntervalViews.h"
 
 #include "framework/Messages.h"
+#include "stats/ComprDoc.h"
+#include "stats/VarDoc.h"
+
+namespace {
+
+// One interval per pair, named by its first file.
+template <class Doc>
+std::vector<IntervalItem> PairItems(const Doc& doc) {
+    std::vector<IntervalItem> items;
+    for (int i = 0; i < doc.PairCount(); ++i) {
+        const CMultiFileItem& a = doc.PairA(i);
+        IntervalItem item;
+        item.name = doc.PairIdentifier(i);
+        item.estimate = a.m_dAverage;
+        item.lower = a.m_dLower;
+        item.upper = a.m_dUpper;
+        items.push_back(std::move(item));
+    }
+    return items;
+}
+
+}  // namespace
 
 CIntrvlView::CIntrvlView(int titleId) : m_nTitleId(titleId) {}
 
@@ -36,6 +58,19 @@ void CComprView::SetPairs(const std::vector<IntervalItem>& pairs, bool paired, d
     m_chart.hasReference = true;
     m_chart.reference = 0.0;
     m_chart.scale = scale;
+}
+
+void CComprView::OnInitialUpdate() {
+    CBaseScrollView::OnInitialUpdate();
+    if (auto* doc = dynamic_cast<CComprDoc*>(m_pDocument))
+        SetPairs(PairItems(*doc), doc->m_nMethod == CComprDoc::METHOD_PAIRED, doc->m_dLow, doc->m_dHigh, doc->m_dAlpha,
+                 doc->m_bScale);
+}
+
+void CVarView::OnInitialUpdate() {
+    CBaseScrollView::OnInitialUpdate();
+    if (auto* doc = dynamic_cast<CVarDoc*>(m_pDocument))
+        SetPairs(PairItems(*doc), doc->m_dLow, doc->m_dHigh, doc->m_dAlpha, doc->m_bScale);
 }
 
 int CVarView::DrawGraph(CDC& dc) {

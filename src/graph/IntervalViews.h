@@ -51,6 +51,8 @@ public:
 class CComprView : public CBaseScrollView {
 public:
     int DrawGraph(CDC& dc) override;
+    // Takes the pairs, range, level and scale flag of its CComprDoc.
+    void OnInitialUpdate() override;
     // paired: the paired-t title, else two-sample-t.
     void SetPairs(const std::vector<IntervalItem>& pairs, bool paired, double low, double high, double alpha, bool scale);
 
@@ -60,6 +62,8 @@ public:
 class CVarView : public CBaseScrollView {
 public:
     int DrawGraph(CDC& dc) override;
+    // Takes the pairs, range, level and scale flag of its CVarDoc.
+    void OnInitialUpdate() override;
     void SetPairs(const std::vector<IntervalItem>& pairs, double low, double high, double alpha, bool scale);
 
     IntervalChart m_chart;

@@ -9,6 +9,8 @@
 #include "datafile/FileGlobals.h"
 #include "graph/CorrView.h"
 #include "graph/IntervalViews.h"
+#include "series/CorrDoc.h"
+#include "stats/ComprDoc.h"
 
 namespace {
 
@@ -127,6 +129,43 @@ TEST(CorrView, BarsInTwoColoursFromLagToLag) {
     EXPECT_EQ(rects[3].rect.right, 750);
     ASSERT_NE(dc.FindText("Lag Number"), nullptr);
     ASSERT_NE(dc.FindText("Correlation"), nullptr);
+}
+
+}  // namespace
+
+namespace {
+
+TEST(ChartViews, TakeTheirDocumentsResults) {
+    CComprDoc means;
+    means.m_nMethod = CComprDoc::METHOD_PAIRED;
+    means.m_dAlpha = 0.1;
+    means.m_dLow = -1.0;
+    means.m_dHigh = 3.0;
+    CMultiFileItem a("a.dat", ""), b("b.dat", "");
+    a.m_dAverage = b.m_dAverage = 1.0;
+    a.m_dLower = b.m_dLower = -1.0;
+    a.m_dUpper = b.m_dUpper = 3.0;
+    means.m_items = {a, b};
+    CComprView view;
+    view.SetDocument(&means);
+    view.OnInitialUpdate();
+    ASSERT_EQ(view.m_chart.items.size(), 1u);  // one interval per pair
+    EXPECT_EQ(view.m_chart.items[0].name, "a.dat");
+    EXPECT_EQ(view.m_chart.items[0].upper, 3.0);
+    EXPECT_EQ(view.m_chart.legend, "90% CL");
+    EXPECT_EQ(view.m_chart.title, "Paired-t Comparison of Means");
+    EXPECT_EQ(view.m_chart.low, -1.0);
+
+    CCorrDoc corr;
+    corr.m_nMaxLags = 2;
+    // Under "all" the list holds each replication's lags; the chart takes the first L.
+    for (double r : {0.5, 0.25, 0.9, 0.8}) corr.m_objList.push_back(std::make_unique<CCovarData>(1, 0.0, r));
+    CCorrView bars;
+    bars.SetDocument(&corr);
+    bars.OnInitialUpdate();
+    EXPECT_EQ(bars.m_correlations, (std::vector<double>{0.5, 0.25}));
+    EXPECT_EQ(bars.m_nMaxLags, 2);
+    EXPECT_EQ(bars.m_strTitle, "Correlogram");
 }
 
 }  // namespace
