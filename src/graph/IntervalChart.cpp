@@ -102,12 +102,12 @@ std::string chart_LegendText(double alpha) {
     return text;
 }
 
-void chart_ReadRecords(IntervalChart& chart, const std::vector<std::string>& names, int first, int stride,
+void chart_ReadRecords(IntervalChart& chart, const std::vector<std::string>& names, const std::vector<int>& offsets,
                        bool extremes) {
     chart.items.clear();
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        long at = first + stride * static_cast<long>(i);
-        if (at < 0 || at + (extremes ? 5 : 3) > MAX_POINTS) break;
+    for (std::size_t i = 0; i < names.size() && i < offsets.size(); ++i) {
+        long at = offsets[i];
+        if (at < 0 || at + (extremes ? 5 : 3) > MAX_POINTS) continue;
         IntervalItem item;
         item.name = names[i];
         item.estimate = g_WorkTable[at];

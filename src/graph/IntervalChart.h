@@ -32,10 +32,11 @@ struct IntervalChart {
     bool scale = false;         // a numeric scale on the value axis
 };
 
-// Fills items from the graph records in g_WorkTable: record i of count starts
-// at first + stride * i and holds estimate, lower, upper, minimum, maximum.
-// With extremes false only the first three doubles are read.
-void chart_ReadRecords(IntervalChart& chart, const std::vector<std::string>& names, int first, int stride,
+// Fills items from the graph records in g_WorkTable: item i's record starts
+// at offsets[i] and holds estimate, lower, upper, minimum, maximum. With
+// extremes false only the first three doubles are read. Records that would
+// reach past the table are left out.
+void chart_ReadRecords(IntervalChart& chart, const std::vector<std::string>& names, const std::vector<int>& offsets,
                        bool extremes);
 
 // "95% CL": the level in whole percent, (1 - alpha) x 100 to the nearest.

@@ -31,9 +31,9 @@ int CIntrvlView::DrawGraph(CDC& dc) {
     return 0;
 }
 
-void CIntrvlView::SetRecords(const std::vector<std::string>& names, int first, int stride, double low, double high,
-                             double alpha, bool scale) {
-    chart_ReadRecords(m_chart, names, first, stride, ShowsExtremes());
+void CIntrvlView::SetRecords(const std::vector<std::string>& names, const std::vector<int>& offsets, double low,
+                             double high, double alpha, bool scale) {
+    chart_ReadRecords(m_chart, names, offsets, ShowsExtremes());
     m_chart.low = low;
     m_chart.high = high;
     m_chart.title = msg_Text(m_nTitleId);

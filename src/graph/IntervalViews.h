@@ -16,9 +16,9 @@ public:
     int DrawGraph(CDC& dc) override;
 
     // The rows' graph records as the interval documents leave them in the
-    // work table (first record at first, one every stride doubles), with the
-    // document's range, level and scale flag.
-    void SetRecords(const std::vector<std::string>& names, int first, int stride, double low, double high,
+    // work table (row i's record at offsets[i]), with the document's range,
+    // level and scale flag.
+    void SetRecords(const std::vector<std::string>& names, const std::vector<int>& offsets, double low, double high,
                     double alpha, bool scale);
 
     IntervalChart m_chart;

@@ -28,7 +28,7 @@ TEST(IntervalChart, StandardDeviationRecordsOverlapAtAStrideOfThree) {
     for (int i = 0; i < 3; ++i)
         for (int j = 0; j < 5; ++j) g_WorkTable[3 * i + 2 + j] = records[i][j];
     CSdIntView view;
-    view.SetRecords({"a", "b", "c"}, 2, 3, 0.5, 6.0, 0.05, false);
+    view.SetRecords({"a", "b", "c"}, {2, 5, 8}, 0.5, 6.0, 0.05, false);
     ASSERT_EQ(view.m_chart.items.size(), 3u);
     EXPECT_EQ(view.m_chart.items[1].estimate, 3.0);
     EXPECT_EQ(view.m_chart.items[1].lower, 2.5);
@@ -40,7 +40,7 @@ TEST(IntervalChart, StandardDeviationRecordsOverlapAtAStrideOfThree) {
     for (int i = 0; i < 2; ++i)
         for (int j = 0; j < 5; ++j) g_WorkTable[5 * i + j] = records[i][j];
     CIntrvlView mean;
-    mean.SetRecords({"a", "b"}, 0, 5, 0.5, 93.0, 0.05, false);
+    mean.SetRecords({"a", "b"}, {0, 5}, 0.5, 93.0, 0.05, false);
     EXPECT_EQ(mean.m_chart.items[1].minimum, 92.0);
     EXPECT_EQ(mean.m_chart.items[1].maximum, 93.0);
     EXPECT_EQ(mean.m_chart.title, "Observation Intervals");
@@ -54,7 +54,7 @@ TEST(IntervalChart, MarksSitAtTheirValues) {
     g_WorkTable[3] = 0.0;  // minimum
     g_WorkTable[4] = 10.0; // maximum
     CIntrvlView view;
-    view.SetRecords({"waits.dat"}, 0, 5, 0.0, 10.0, 0.10, false);
+    view.SetRecords({"waits.dat"}, {0}, 0.0, 10.0, 0.10, false);
     view.SetClientRect(CRect{0, 0, 800, 600});
     CRecordingDC dc;
     view.OnDraw(dc);
