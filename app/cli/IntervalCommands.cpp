@@ -43,7 +43,8 @@ void FillDialog(CIntrvlDlg& dlg, const Options& opt) {
         FileArg a = cli_ParseFileArg(f);
         dlg.AddFile(a.path, a.reps);
     }
-    dlg.m_strLevel = opt.level;
+    // The level box takes no more than this typed in.
+    dlg.m_strLevel = opt.level.substr(0, CIntrvlDlg::kLevelTextLimit);
     dlg.m_strTitle = opt.title;
     dlg.m_bScale = opt.scale;
 }
@@ -95,7 +96,7 @@ DemoRegistrar g_demoMean({300,
                           ""});
 DemoRegistrar g_demoSd({310,
                         "Confidence intervals on the standard deviation at 90%",
-                        {"sdinterval", "--level", "90", "waits.dat@1", "waits.dat@Lumped", "meanwait.dat@Lumped"},
+                        {"sdinterval", "--level", "90", "waits.dat@All", "meanwait.dat@Lumped"},
                         ""});
 DemoRegistrar g_demoStd({320,
                          "Standardized time series intervals on the mean wait, allowing for correlation",

@@ -26,6 +26,11 @@ int CIntrvlDlg::Fail(int id, int row) {
     return id;
 }
 
+int CIntrvlDlg::OnChange(int selectedRow) const {
+    constexpr int kNoItemSelected = 15841;
+    return (selectedRow < 0 || selectedRow >= static_cast<int>(m_items.size())) ? kNoItemSelected : 0;
+}
+
 int CIntrvlDlg::Validate(int* failingIndex) {
     SetFocusControl("");
     m_nSelected = -1;

@@ -4,6 +4,8 @@
 // their caption.
 #pragma once
 
+#include <cstddef>
+
 #include "graph/FileDialogs.h"
 
 // Controls that take the focus when a check fails.
@@ -19,12 +21,17 @@ public:
     // observation data (15810). failingIndex receives the row being checked.
     int Validate(int* failingIndex) override;
 
+    // The Edit button and a double click: 15841 "No item is selected." when no
+    // row is, else 0 and the host opens the entry's edit dialog.
+    int OnChange(int selectedRow) const;
+
     // Row selected in the file list after a failed check on a file; -1 if none.
     int SelectedRow() const { return m_nSelected; }
     int CaptionId() const { return m_nCaptionId; }
 
-    // The items of the level combo box.
+    // The items of the level combo box, and the most it takes typed in.
     static const char* const kLevels[3];
+    static constexpr std::size_t kLevelTextLimit = 128;
 
 protected:
     explicit CIntrvlDlg(int captionId) : m_nCaptionId(captionId) {}

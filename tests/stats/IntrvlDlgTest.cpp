@@ -120,6 +120,16 @@ TEST(IntrvlDlg, AFailureIsClearedByTheNextValidation) {
     EXPECT_EQ(dlg.SelectedRow(), -1);
 }
 
+TEST(IntrvlDlg, EditNeedsASelectedRow) {
+    CIntrvlDlg dlg;
+    EXPECT_EQ(dlg.OnChange(0), 15841);
+    dlg.AddFile("a.dat", "");
+    dlg.AddFile("b.dat", "");
+    EXPECT_EQ(dlg.OnChange(-1), 15841);
+    EXPECT_EQ(dlg.OnChange(1), 0);
+    EXPECT_EQ(dlg.OnChange(2), 15841);
+}
+
 TEST(IntrvlDlg, LevelToErrorProbability) {
     struct {
         const char* level;
