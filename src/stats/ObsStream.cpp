@@ -1,6 +1,5 @@
 #include "stats/ObsStream.h"
 
-#include "datafile/DataFile.h"
 #include "framework/Messages.h"
 
 CObsStream::~CObsStream() {
@@ -25,16 +24,19 @@ int CObsStream::Open(const std::string& path, int treatment) {
     return 0;
 }
 
-bool CObsStream::Next(double* time, double* value) {
+void CObsStream::EndOrPass(double value) {
+    if (value == MARK_END) {
+        m_rowEnded = m_dataEnded = true;
+    } else if (m_treatment != REP_LUMPED) {
+        m_rowEnded = true;
+    }
+}
+
+bool CObsStream::NextAfterMarker(double* time, double* value) {
     while (!m_rowEnded) {
         op_ReadObs(m_file, m_isDouble, m_treatment, m_kind, time, value);
         if (*time >= 0.0) return true;
-        // op_ReadObs has passed over -2.0 markers and gives (-1, -1) at the end of the file.
-        if (*value == MARK_END) {
-            m_rowEnded = m_dataEnded = true;
-        } else if (m_treatment != REP_LUMPED) {
-            m_rowEnded = true;
-        }
+        EndOrPass(*value);
     }
     return false;
 }

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <string>
 
+#include "datafile/DataFile.h"
+
 class CObsStream {
 public:
     CObsStream() = default;
@@ -20,7 +22,15 @@ public:
     int Open(const std::string& path, int treatment);
 
     // The next observation of the current row; false when the row's data end.
-    bool Next(double* time, double* value);
+    // Inline: it runs once per record.
+    bool Next(double* time, double* value) {
+        if (!m_rowEnded) {
+            op_ReadObs(m_file, m_isDouble, m_treatment, m_kind, time, value);
+            if (*time >= 0.0) return true;
+            EndOrPass(*value);
+        }
+        return NextAfterMarker(time, value);
+    }
     // Reads the rest of the current row.
     void SkipRow();
     // Under "all": after the current row has ended, starts the next
@@ -33,6 +43,11 @@ public:
     int Replication() const { return m_rep; }
 
 private:
+    // A marker (op_ReadObs has passed over -2.0 markers and gives (-1, -1) at
+    // the end of the file): ends the data, the row, or under lumped nothing.
+    void EndOrPass(double value);
+    bool NextAfterMarker(double* time, double* value);
+
     FILE* m_file = nullptr;
     int m_isDouble = 1;
     int m_kind = 0;
