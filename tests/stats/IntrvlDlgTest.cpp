@@ -23,6 +23,8 @@ struct Case {
     int selected;
 };
 
+void PrintTo(const Case& c, std::ostream* os) { *os << c.what; }
+
 class IntrvlDlgTest : public ::testing::TestWithParam<Case> {
 protected:
     static void SetUpTestSuite() {

@@ -145,9 +145,9 @@ TEST_F(IntrvlDocTest, GraphRecordsAndRange) {
                                  22, 22 - 4.9683,  22 + 4.9683,  20, 24};
     for (int i = 0; i < 15; ++i) EXPECT_NEAR(g_WorkTable[i], expected[i], 2e-4) << i;
     for (int r = 0; r < 3; ++r) EXPECT_EQ(doc.GraphRecordOffset(r), 5 * r);
-    // Lowest: rep 1's lower limit; highest: rep 2's maximum.
+    // Lowest: rep 1's lower limit; highest: rep 2's upper limit.
     EXPECT_NEAR(doc.m_dGraphLow, 11 - 12.70620, 1e-4);
-    EXPECT_EQ(doc.m_dGraphHigh, 24.0);
+    EXPECT_NEAR(doc.m_dGraphHigh, 22 + 4.302653 * 2 / std::sqrt(3.0), 1e-4);
     EXPECT_EQ(doc.GraphTitleId(), 15952);
 }
 
