@@ -37,10 +37,6 @@ std::string Report(CSdIntDoc& doc) {
     return txt_ReportText(view);
 }
 
-const char* const kColumns95 =
-    "IDENTIFIER         EST.STANDARD   LOWER 0.950   UPPER 0.950      RANGE    NUMBER\n"
-    "                      DEVIATION     C.I.LIMIT     C.I.LIMIT     OF OBS    OF OBS\n";
-
 class SdIntDocTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -67,24 +63,28 @@ TEST_F(SdIntDocTest, Report) {
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CSdIntDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(Report(doc), std::string("              Standard Deviation Intervals Summary\n"
-                                       "                                     Service times\n"
-                                       "\n") +
-                               kColumns95 +
-                               "a.dat                  1.58         0.947          4.54          4         5\n"
-                               "b.dat@1                1.41         0.631          45.1          2         2\n"
-                               "b.dat@2                   2          1.04          12.6          4         3\n"
-                               "k.dat                     0             0             0          0         3\n"
-                               "c.dat                     0             0             0          0         1\n"
-                               "abcdefghijklmnop       1.58         0.947          4.54          4         5\n");
+    EXPECT_EQ(Report(doc), "              Standard Deviation Intervals Summary\n"
+                           "                                     Service times\n"
+                           "\n"
+                           "IDENTIFIER         EST.STANDARD   LOWER 0.950   UPPER 0.950      RANGE    NUMBER\n"
+                           "                      DEVIATION     C.I.LIMIT     C.I.LIMIT     OF OBS    OF OBS\n"
+                           "a.dat                  1.58         0.947          4.54          4         5\n"
+                           "b.dat@1                1.41         0.631          45.1          2         2\n"
+                           "b.dat@2                   2          1.04          12.6          4         3\n"
+                           "k.dat                     0             0             0          0         3\n"
+                           "c.dat                     0             0             0          0         1\n"
+                           "abcdefghijklmnop       1.58         0.947          4.54          4         5\n");
 }
 
 TEST_F(SdIntDocTest, NoTitleLineWithoutATitle) {
     CSdIntDlg dlg = MakeDialog({{a, "", "a.dat"}}, "95");
     CSdIntDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(Report(doc), std::string("              Standard Deviation Intervals Summary\n\n") + kColumns95 +
-                               "a.dat                  1.58         0.947          4.54          4         5\n");
+    EXPECT_EQ(Report(doc), "              Standard Deviation Intervals Summary\n"
+                           "\n"
+                           "IDENTIFIER         EST.STANDARD   LOWER 0.950   UPPER 0.950      RANGE    NUMBER\n"
+                           "                      DEVIATION     C.I.LIMIT     C.I.LIMIT     OF OBS    OF OBS\n"
+                           "a.dat                  1.58         0.947          4.54          4         5\n");
 }
 
 TEST_F(SdIntDocTest, OverlappingGraphRecordsAndRange) {
