@@ -38,6 +38,7 @@ int CStdIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha)
     // batch sum to zero (but for a batch of one), so the weighted sums do not
     // depend on that shift and lose no digits to a large offset.
     double ref = 0.0, low = 1e20, high = -1e20, time = 0.0, x = 0.0;
+    bool hasRef = false;
     long double area = 0.0L;
     int b = 0;
     for (bool more = true; more;) {
@@ -46,7 +47,11 @@ int CStdIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha)
         long j = 1;
         for (; j <= m; ++j) {
             if (!in.Next(&time, &x)) break;
-            if (b == 0 && j == 1) ref = x;
+            if (!hasRef && std::isfinite(x)) {
+                // A batch holding a value before it is not finite in any case.
+                ref = x;
+                hasRef = true;
+            }
             const double w = h == 1.0 ? 1.0 : static_cast<double>(j) - h;
             const long double d = static_cast<long double>(x) - ref;
             weighted += w * d;

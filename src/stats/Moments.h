@@ -9,7 +9,8 @@
 // and of their squares are compensated (Knuth's two-sum and an exact fused
 // product, Ogita, Rump and Oishi 2005, "Accurate sum and dot product"), which
 // makes their error independent of the number of values. The results equal
-// the textbook formulas in exact arithmetic.
+// the textbook formulas in exact arithmetic, and infinite or NaN data give
+// what those formulas give (an infinite mean, a NaN spread).
 #pragma once
 
 #include <cmath>
@@ -18,7 +19,11 @@ class CMoments {
 public:
     // Inline: analyses call it once per record.
     void Add(double x) {
-        if (m_n == 0) m_ref = x;
+        if (!m_hasRef && std::isfinite(x)) {
+            // Values before it were not finite and the sums are already so.
+            m_ref = x;
+            m_hasRef = true;
+        }
         const double d = x - m_ref;
         TwoSum(m_s1, m_c1, d);
         const double square = d * d;
@@ -35,7 +40,7 @@ public:
     double SumOfSquares() const;
     // Sum / n; 0 for an empty sample.
     double Mean() const;
-    // Sum of (x - mean)^2; never negative.
+    // Sum of (x - mean)^2; never negative, NaN when the data are not finite.
     double SumSqDev() const;
     // SumSqDev / (n - 1); 0 below two values.
     double Variance() const;
@@ -53,6 +58,7 @@ private:
     }
 
     long m_n = 0;
+    bool m_hasRef = false;
     double m_ref = 0.0;
     double m_s1 = 0.0, m_c1 = 0.0;  // sum of x - ref, and its carry
     double m_s2 = 0.0, m_c2 = 0.0;  // sum of (x - ref)^2, and its carry

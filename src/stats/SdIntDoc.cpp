@@ -15,7 +15,8 @@ int CSdIntDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
     const long n = sample.Count();
     if (n == 0) return IDS_NO_OBSERVATIONS;
 
-    const double v = sample.Variance();
+    double v = sample.Variance();
+    if (!(v > 0.0)) v = 0.0;  // NaN from infinite data included
     const int df = static_cast<int>(n - 1);
     const double qHigh = st_ChiSquareQuantile(df, alpha / 2.0);
     const double qLow = st_ChiSquareQuantile(df, 1.0 - alpha / 2.0);

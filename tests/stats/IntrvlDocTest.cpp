@@ -224,6 +224,19 @@ TEST_F(IntrvlDocTest, LargeOffsetKeepsItsDigits) {
               std::string::npos);
 }
 
+TEST_F(IntrvlDocTest, InfiniteDataGiveAnInfiniteAverage) {
+    // A float file holding an overflowed value: sum = inf, so the average is
+    // inf and the variance inf - inf is NaN, which is not negative and stays.
+    const std::string inf = dir.WriteReps("inf.dat", KIND_TALLY, {{1, HUGE_VAL, 3}}, false);
+    CIntrvlDlg dlg = MakeDialog({{inf, "", ""}}, "0.95");
+    CIntrvlDoc doc;
+    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    EXPECT_EQ(doc.m_items[0].m_dAverage, HUGE_VAL);
+    EXPECT_TRUE(std::isnan(doc.m_items[0].m_dStdDev));
+    EXPECT_TRUE(std::isnan(doc.m_items[0].m_dHalfWidth));
+    EXPECT_EQ(doc.m_items[0].m_dMax, HUGE_VAL);
+}
+
 TEST_F(IntrvlDocTest, TooManyRowsForTheGraphBuffer) {
     std::vector<std::vector<double>> reps(1001, std::vector<double>{1.0});
     const std::string many = dir.WriteReps("many.dat", KIND_TALLY, reps);

@@ -124,6 +124,25 @@ TEST(Moments, SmallSamples) {
     EXPECT_EQ(five.Max(), -1e20);
 }
 
+TEST(Moments, InfiniteDataGiveWhatThePlainSumsGive) {
+    // Plain sums: sum = inf, so mean = inf; sum of squares - mean * n * mean
+    // = inf - inf = NaN.
+    CMoments later, first;
+    for (double x : {1.0, HUGE_VAL, 3.0}) later.Add(x);
+    for (double x : {HUGE_VAL, 1.0, 3.0}) first.Add(x);
+    for (const CMoments* m : {&later, &first}) {
+        EXPECT_EQ(m->Mean(), HUGE_VAL);
+        EXPECT_EQ(m->Sum(), HUGE_VAL);
+        EXPECT_TRUE(std::isnan(m->SumSqDev()));
+        EXPECT_TRUE(std::isnan(m->Variance()));
+        EXPECT_EQ(m->Max(), HUGE_VAL);
+        EXPECT_EQ(m->Min(), 1.0);
+    }
+    CMoments both;
+    for (double x : {1.0, HUGE_VAL, -HUGE_VAL}) both.Add(x);
+    EXPECT_TRUE(std::isnan(both.Mean()));
+}
+
 TEST(Moments, ConstantSeriesHasNoSpread) {
     CMoments m;
     for (int i = 0; i < 1000; ++i) m.Add(123456789.123);

@@ -129,6 +129,18 @@ TEST_F(SdIntDocTest, NoObservationsStopsTheComputation) {
     for (std::size_t i = 2; i < doc.m_items.size(); ++i) EXPECT_FALSE(doc.m_items[i].m_bComputed);
 }
 
+TEST_F(SdIntDocTest, InfiniteDataHaveNoSpread) {
+    // The variance inf - inf is not greater than 0, so it becomes 0.
+    const std::string inf = dir.WriteReps("inf.dat", KIND_TALLY, {{1, HUGE_VAL, 3}}, false);
+    CSdIntDlg dlg = MakeDialog({{inf, "", ""}}, "0.95");
+    CSdIntDoc doc;
+    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    EXPECT_EQ(doc.m_items[0].m_dStdDev, 0.0);
+    EXPECT_EQ(doc.m_items[0].m_dLower, 0.0);
+    EXPECT_EQ(doc.m_items[0].m_dUpper, 0.0);
+    EXPECT_EQ(doc.m_items[0].m_dRange, HUGE_VAL);
+}
+
 TEST_F(SdIntDocTest, LargeOffsetKeepsItsDigits) {
     // 10^7 + 0.1 k, k = 1..5 repeated 20000 times: s^2 = 0.02 n / (n - 1).
     std::vector<double> values;
