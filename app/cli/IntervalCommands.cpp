@@ -85,20 +85,20 @@ CLI::App* SetupStd(CLI::App& app) {
 }
 int RunStd(CliIO& io) { return RunAnalysis<CStdInDlg, CStdIntrvlDoc, CStdIntTextView>(g_std, io); }
 
-CommandRegistrar g_regMean(300, SetupMean, RunMean);
-CommandRegistrar g_regSd(310, SetupSd, RunSd);
-CommandRegistrar g_regStd(320, SetupStd, RunStd);
+CommandRegistrar g_regMean(200, SetupMean, RunMean);
+CommandRegistrar g_regSd(210, SetupSd, RunSd);
+CommandRegistrar g_regStd(220, SetupStd, RunStd);
 
-DemoRegistrar g_demoMean({300,
+DemoRegistrar g_demoMean({200,
                           "Classical confidence intervals on the mean: each replication of the waits, "
                           "and the replication averages pooled",
                           {"interval", "--title", "Waiting time in queue", "waits.dat@All", "meanwait.dat@Lumped"},
                           ""});
-DemoRegistrar g_demoSd({310,
+DemoRegistrar g_demoSd({210,
                         "Confidence intervals on the standard deviation at 90%",
                         {"sdinterval", "--level", "90", "waits.dat@All", "meanwait.dat@Lumped"},
                         ""});
-DemoRegistrar g_demoStd({320,
+DemoRegistrar g_demoStd({220,
                          "Standardized time series intervals on the mean wait, allowing for correlation",
                          {"stdinterval", "waits.dat@All", "waits.dat@Lumped"},
                          ""});
