@@ -15,7 +15,7 @@ constexpr int kFirstMessageId = 15000;
 
 int CFiltrDoc::InitFromDialog(CDialog& dialog) {
     auto* dlg = dynamic_cast<CFiltrDlg*>(&dialog);
-    if (!dlg) return IDS_INVALID_REP_TREATMENT;
+    if (!dlg) return IDS_SOURCE_NOT_SPECIFIED;
     truncUnit = CFiltrDlg::UnitCode(dlg->m_strTruncType);
     truncAmount = dlg->m_dTrunc;
     batchUnit = CFiltrDlg::UnitCode(dlg->m_strBatchType);
