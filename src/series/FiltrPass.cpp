@@ -17,18 +17,48 @@ class Reader {
 public:
     Reader(FILE* f, int isDouble) : m_f(f), m_isDouble(isDouble) {}
 
+    // Records already in the stream's buffer are taken inline; refills, markers
+    // and the end of the file go out of line. The caller's variables are written
+    // only here, so their addresses never leave the caller's loop.
     Rec Next(double* t, double* v) {
-        for (;;) {
-            op_ReadPair(m_f, m_isDouble, t, v);
-            if (std::feof(m_f)) return Rec::Eof;
-            if (std::ferror(m_f)) return Rec::Error;
-            if (!(*t < 0.0)) return Rec::Obs;
-            if (*v == MARK_SKIP) continue;
-            return *v == MARK_END ? Rec::End : Rec::Boundary;
+        double time = 0.0;
+        double value = 0.0;
+        const bool buffered = Take(&time, &value);
+        if (buffered && !(time < 0.0)) [[likely]] {
+            *t = time;
+            *v = value;
+            return Rec::Obs;
         }
+        const Record r = Slow(buffered, time, value);
+        *t = r.t;
+        *v = r.v;
+        return r.rec;
     }
 
 private:
+    struct Record {
+        double t;
+        double v;
+        Rec rec;
+    };
+
+    bool Take(double* t, double* v) {
+        return m_isDouble ? op_detail::TakeRecord<double>(m_f, t, v) : op_detail::TakeRecord<float>(m_f, t, v);
+    }
+
+    [[gnu::noinline]] Record Slow(bool buffered, double t, double v) {
+        for (;;) {
+            if (!buffered) {
+                op_ReadPair(m_f, m_isDouble, &t, &v);
+                if (::feof_unlocked(m_f)) return {t, v, Rec::Eof};
+                if (::ferror_unlocked(m_f)) return {t, v, Rec::Error};
+            }
+            if (!(t < 0.0)) return {t, v, Rec::Obs};
+            if (v != MARK_SKIP) return {t, v, v == MARK_END ? Rec::End : Rec::Boundary};
+            buffered = Take(&t, &v);
+        }
+    }
+
     FILE* m_f;
     int m_isDouble;
 };
@@ -82,13 +112,15 @@ void CopyEnd(const FiltrParams& p, Rec rec, FILE* out, double t, double v) {
     if (p.treatment == REP_ALL && (rec == Rec::End || rec == Rec::Boundary)) op_WritePair(out, &t, &v);
 }
 
+// Step is a template argument so that the per-record loop carries no test of
+// the weighting rule.
+template <bool step>
 int PassByTime(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults* res) {
     const double W = p.batchSize;
     const double T = p.truncAmount;
     // A zero span (all records at one time) would never close a batch.
     if (!(W > 0.0)) return IDS_ZERO_DENOMINATOR;
     const bool lumped = p.treatment == REP_LUMPED;
-    const bool step = StepWeighted(p.kind);
 
     double t = 0.0;
     double v = 0.0;
@@ -128,7 +160,7 @@ int PassByTime(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResult
             if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
             b = end;
             double piece;
-            if (step) {
+            if constexpr (step) {
                 piece = (b - tp) * vp;
             } else {
                 const double vb = (v - vp) / (t - tp) * (b - tp) + vp;
@@ -142,7 +174,11 @@ int PassByTime(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResult
             tp = b;
             area = 0.0;
         }
-        if (t > tp) area += step ? (t - tp) * vp : (t - tp) * (v + vp) * 0.5;
+        if constexpr (step) {
+            if (t > tp) area += (t - tp) * vp;
+        } else {
+            if (t > tp) area += (t - tp) * (v + vp) * 0.5;
+        }
         tp = t;
         vp = v;
 
@@ -219,54 +255,57 @@ int PassByObs(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults
     if (batching && B < 1) return IDS_ZERO_DENOMINATOR;
     const bool lumped = p.treatment == REP_LUMPED;
 
-    double t = 0.0;
-    double v = 0.0;
-    double lastTime = 0.0;
+    double firstT = 0.0;
+    double firstV = 0.0;
+    double truncatedTime = 0.0;
     bool have = false;
     if (p.truncAmount > 0.0)
-        if (int rc = TruncateForObs(in, p, rep, &t, &v, &have, &lastTime)) return rc;
+        if (int rc = TruncateForObs(in, p, rep, &firstT, &firstV, &have, &truncatedTime)) return rc;
     const double truncUsed = p.truncUnit == 1 ? static_cast<double>(WholeInt(p.truncAmount)) : p.truncAmount;
 
+    // Fresh variables for the per-record loop: nothing takes their address.
+    double t = firstT;
+    double v = firstV;
+    double lastTime = truncatedTime;
     BatchStats st;
     int count = 0;
     double sumT = 0.0;
     double sumV = 0.0;
     double start = 0.0;
-    for (;;) {
-        Rec rec = have ? Rec::Obs : in.Next(&t, &v);
-        have = false;
-        if (rec == Rec::Obs) {
-            lastTime = t;
-            if (!batching) {
-                op_WritePair(out, &t, &v);
-                continue;
+    for (;; have = false) {
+        if (!have) {
+            Rec rec = in.Next(&t, &v);
+            if (rec != Rec::Obs) [[unlikely]] {
+                if (rec == Rec::Boundary && lumped) {
+                    do rec = in.Next(&t, &v);
+                    while (rec == Rec::Boundary);
+                    if (rec == Rec::Obs && t < lastTime) return IDS_LUMPED_NOT_ALLOWED;
+                }
+                if (rec == Rec::Error) return IDS_READ_ERROR;
+                if (rec != Rec::Obs) {
+                    CopyEnd(p, rec, out, t, v);
+                    break;
+                }
             }
-            if (count == 0) start = t;
-            sumT += t;
-            sumV += v;
-            if (++count == B) {
-                if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
-                double meanT = sumT / B;
-                double meanV = sumV / B;
-                op_WritePair(out, &meanT, &meanV);
-                st.Add(meanV);
-                count = 0;
-                sumT = sumV = 0.0;
-            }
+        }
+        lastTime = t;
+        if (!batching) {
+            double ct = t;
+            double cv = v;
+            op_WritePair(out, &ct, &cv);
             continue;
         }
-        if (rec == Rec::Boundary && lumped) {
-            do rec = in.Next(&t, &v);
-            while (rec == Rec::Boundary);
-            if (rec == Rec::Obs) {
-                if (t < lastTime) return IDS_LUMPED_NOT_ALLOWED;
-                have = true;
-                continue;
-            }
-        }
-        if (rec == Rec::Error) return IDS_READ_ERROR;
-        CopyEnd(p, rec, out, t, v);
-        break;
+        if (count == 0) start = t;
+        sumT += t;
+        sumV += v;
+        if (++count < B) continue;
+        if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
+        double meanT = sumT / B;
+        double meanV = sumV / B;
+        op_WritePair(out, &meanT, &meanV);
+        st.Add(meanV);
+        count = 0;
+        sumT = sumV = 0.0;
     }
 
     if (!batching) {
@@ -303,6 +342,8 @@ void filtr_SettleDefaults(FILE* in, int isDouble, FiltrParams* p) {
 
 int filtr_RunPass(FILE* in, int isDouble, const FiltrParams& p, int rep, FILE* out, FiltrResults* res) {
     Reader reader(in, isDouble);
-    if (p.batchUnit == 0) return PassByTime(reader, p, rep, out, res);
+    if (p.batchUnit == 0)
+        return StepWeighted(p.kind) ? PassByTime<true>(reader, p, rep, out, res)
+                                    : PassByTime<false>(reader, p, rep, out, res);
     return PassByObs(reader, p, rep, out, res);
 }

@@ -17,6 +17,13 @@ using filtr_test::WriteDataFile;
 
 std::string Pad(int n) { return std::string(static_cast<std::size_t>(n), ' '); }
 
+// Joins the pieces of an expected text.
+std::string Cat(std::initializer_list<std::string> pieces) {
+    std::string text;
+    for (const std::string& p : pieces) text += p;
+    return text;
+}
+
 class FiltrSummary : public ::testing::Test {
 protected:
     // Relative output names, as a user types them, resolve in the scratch folder.
@@ -50,20 +57,21 @@ TEST_F(FiltrSummary, ByObservationsWithTitleFileAndTest) {
     WriteDataFile("eight.dat", KIND_TALLY, recs);
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {"eight.dat", "", "", "", "Observation", "1", "eight.flt", "Eight batches"}), 0);
-    const std::string expected =
-        Pad(28) + "Batch/Truncate Summary\n" +
-        Pad(37) + "Eight batches\n" +
-        "\n" +
-        Pad(10) + "Batched observations stored in file : eight.flt" + Pad(31) + "\n" +
-        "\n" +
-        Pad(15) + "Initial Observations Truncated : " + Pad(10) + "0\n" +
-        Pad(28) + "Number of Batches : " + Pad(10) + "8\n" +
-        Pad(13) + "Number of Observations Per Batch : " + Pad(10) + "1\n" +
-        Pad(22) + "Trailing Time Truncated : " + Pad(10) + "0\n" +
-        Pad(10) + "Number of Trailing Obs'ns Truncated : " + Pad(10) + "0\n" +
-        Pad(7) + "Estimate of Covariance Between Batches : " + Pad(5) + "0.9167\n" +
-        "\n" +
-        "Covariance equal to 0 rejected in favor of Covariance > 0 at 0.05 level." + Pad(8) + "\n";
+    const std::string expected = Cat({
+        Pad(28), "Batch/Truncate Summary\n",
+        Pad(37), "Eight batches\n",
+        "\n",
+        Pad(10), "Batched observations stored in file : eight.flt", Pad(31), "\n",
+        "\n",
+        Pad(15), "Initial Observations Truncated : ", Pad(10), "0\n",
+        Pad(28), "Number of Batches : ", Pad(10), "8\n",
+        Pad(13), "Number of Observations Per Batch : ", Pad(10), "1\n",
+        Pad(22), "Trailing Time Truncated : ", Pad(10), "0\n",
+        Pad(10), "Number of Trailing Obs'ns Truncated : ", Pad(10), "0\n",
+        Pad(7), "Estimate of Covariance Between Batches : ", Pad(5), "0.9167\n",
+        "\n",
+        "Covariance equal to 0 rejected in favor of Covariance > 0 at 0.05 level.", Pad(8), "\n",
+    });
     EXPECT_EQ(Report(doc), expected);
 }
 
@@ -74,17 +82,18 @@ TEST_F(FiltrSummary, ByTimeWithoutTitle) {
     WriteDataFile("q.dat", KIND_DSTAT, {{0, 9}, {0, 5}, {1, 2}, {3, 4}, {4, 0}, {6, 1}, {-1, -1}});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {"q.dat", "", "", "", "Time", "2", "q.flt"}), 0);
-    const std::string expected =
-        Pad(28) + "Batch/Truncate Summary\n" +
-        "\n" +
-        Pad(10) + "Batched observations stored in file : q.flt" + Pad(35) + "\n" +
-        "\n" +
-        Pad(23) + "Initial Time Truncated : " + Pad(10) + "0\n" +
-        Pad(28) + "Number of Batches : " + Pad(10) + "2\n" +
-        Pad(23) + "Time Spanned Per Batch : " + Pad(10) + "2\n" +
-        Pad(22) + "Trailing Time Truncated : " + Pad(10) + "2\n" +
-        Pad(7) + "Estimate of Covariance Between Batches : " + Pad(10) + "0\n" +
-        "\n";
+    const std::string expected = Cat({
+        Pad(28), "Batch/Truncate Summary\n",
+        "\n",
+        Pad(10), "Batched observations stored in file : q.flt", Pad(35), "\n",
+        "\n",
+        Pad(23), "Initial Time Truncated : ", Pad(10), "0\n",
+        Pad(28), "Number of Batches : ", Pad(10), "2\n",
+        Pad(23), "Time Spanned Per Batch : ", Pad(10), "2\n",
+        Pad(22), "Trailing Time Truncated : ", Pad(10), "2\n",
+        Pad(7), "Estimate of Covariance Between Batches : ", Pad(10), "0\n",
+        "\n",
+    });
     EXPECT_EQ(Report(doc), expected);
 }
 
@@ -94,14 +103,15 @@ TEST_F(FiltrSummary, NothingStoredShowsTheInitialValues) {
     WriteDataFile("s.dat", KIND_CSTAT, {{0, 1}, {1, 2}, {-1, -1}});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {"s.dat", "", "", "5", "Time", "1.5"}), 0);
-    const std::string expected =
-        Pad(28) + "Batch/Truncate Summary\n" +
-        "\n" +
-        Pad(23) + "Initial Time Truncated : " + Pad(9) + "-1\n" +
-        Pad(28) + "Number of Batches : " + Pad(9) + "-1\n" +
-        Pad(23) + "Time Spanned Per Batch : " + Pad(9) + "-1\n" +
-        Pad(7) + "Estimate of Covariance Between Batches : " + Pad(9) + "-1\n" +
-        "\n";
+    const std::string expected = Cat({
+        Pad(28), "Batch/Truncate Summary\n",
+        "\n",
+        Pad(23), "Initial Time Truncated : ", Pad(9), "-1\n",
+        Pad(28), "Number of Batches : ", Pad(9), "-1\n",
+        Pad(23), "Time Spanned Per Batch : ", Pad(9), "-1\n",
+        Pad(7), "Estimate of Covariance Between Batches : ", Pad(9), "-1\n",
+        "\n",
+    });
     EXPECT_EQ(Report(doc), expected);
 }
 
@@ -109,8 +119,8 @@ TEST_F(FiltrSummary, NoBatchingShowsOnlyTheTruncation) {
     WriteDataFile("n.dat", KIND_TALLY, {{1, 1}, {2, 2}, {3, 3}, {-1, -1}});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {"n.dat", "", "", "2"}), 0);
-    EXPECT_EQ(Report(doc), Pad(28) + "Batch/Truncate Summary\n\n" + Pad(15) + "Initial Observations Truncated : " +
-                               Pad(10) + "2\n");
+    EXPECT_EQ(Report(doc), Cat({Pad(28), "Batch/Truncate Summary\n\n", Pad(15), "Initial Observations Truncated : ",
+                                Pad(10), "2\n"}));
 }
 
 }  // namespace
