@@ -173,6 +173,7 @@ const Entry kTable[] = {
     {16397, "\nLoad\n\n\n\n\n"},
     {16398, "\nTable\n\n\n\n\n"},
     {16399, "\nStdInterval\n\n\n\n\n"},
+    {61700, "Please enter a number between 0 and 999999."},
 };
 
 const Entry* Find(int id) {

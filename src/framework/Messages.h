@@ -39,6 +39,8 @@ enum MessageId : int {
     IDS_TEXT_TOO_LONG = 15944,
     IDS_TEMP_FILE_ERROR = 15945,
     IDS_ERROR_ACCESSING_FILE = 16050,
+    // The dialog framework's own range check of a real edit holding 0 to 999999.
+    IDP_REAL_RANGE_0_999999 = 61700,
 };
 
 // The text of a string id; empty for an id the table does not hold.
