@@ -16,9 +16,17 @@ public:
     // Control that takes the focus after the last failed Validate; empty when none.
     const std::string& FocusControl() const { return m_focus; }
 
+    // Runs the dialog through the host; IDOK or IDCANCEL.
+    int DoModal();
+
 protected:
     void SetFocusControl(std::string control) { m_focus = std::move(control); }
 
 private:
     std::string m_focus;
 };
+
+// What pressing OK does: validates and, on a failure, shows its message (a pair
+// check's negated id is shown as the id) so the user can correct the field.
+// Returns 0 when the dialog may close, else the failing id.
+int dlg_ValidateOnOK(CDialog& dlg);
