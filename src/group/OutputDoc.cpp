@@ -27,11 +27,14 @@ bool COutputDoc::OnNewDocument() {
 
 bool COutputDoc::OnOpenDocument(const char* path) {
     op_InitFileGlobals();
+    // Taken whole before the folder changes, since path may be relative.
     std::error_code ec;
-    fs::path folder = fs::absolute(path, ec).parent_path();
-    if (!ec && !folder.empty()) fs::current_path(folder, ec);
-    if (!LoadArchive(path)) return false;
-    SetPathName(path);
+    std::string full = fs::absolute(path, ec).lexically_normal().string();
+    if (ec) full = path;
+    fs::path folder = fs::path(full).parent_path();
+    if (!folder.empty()) fs::current_path(folder, ec);
+    if (!LoadArchive(full.c_str())) return false;
+    SetPathName(full);
     return true;
 }
 

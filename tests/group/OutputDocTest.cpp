@@ -238,8 +238,10 @@ TEST(OutputDoc, SaveAndOpenThroughAFile) {
         ASSERT_TRUE(doc.OnSaveDocument(path.c_str()));
         EXPECT_FALSE(doc.IsModified());
     }
+    // Opened by a path relative to where the user stands, not to the group.
+    fs::current_path(dir.Path());
     COutputDoc doc;
-    ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
+    ASSERT_TRUE(doc.OnOpenDocument("sub/g.dgr"));
     EXPECT_EQ(doc.GetItemCount(), 300);
     EXPECT_EQ(doc.GetItem(299)->m_strPath, "/data/run299.dat");
     EXPECT_FALSE(doc.IsModified());
