@@ -17,7 +17,7 @@ std::string g_dir;
 SampleOptions g_sample;
 
 CLI::App* Setup(CLI::App& app) {
-    g_dir = "demo";
+    g_dir = "oproc-demo";
     g_sample = SampleOptions{};
     CLI::App* sub = app.add_subcommand("demo", "Make sample data and run every analysis on it");
     sub->add_option("DIR", g_dir, "Folder for the sample data, outputs and index.html")->capture_default_str();

@@ -45,6 +45,7 @@ int Describe(const std::string& path, CliIO& io) {
     io.out << "Type text:      " << doc.m_strType << '\n';
     io.out << "Reinitialised:  " << (doc.m_nReinit ? "yes" : "no") << '\n';
     io.out << "Records:        " << (doc.m_nIsDouble ? "8-byte doubles" : "4-byte floats") << '\n';
+    io.out << "Count field:    " << count << '\n';
     if (doc.m_nReps >= 15000) {
         io.out << "Replications:   none complete (" << msg_Text(doc.m_nReps).substr(0, 20) << "...)\n";
         return 0;

@@ -2,6 +2,7 @@
 
 #include "datafile/DataFile.h"
 #include "framework/Host.h"
+#include "framework/Messages.h"
 
 int CBaseFileDoc::InitFromDialog(CDialog&) { return 0; }
 
@@ -27,7 +28,8 @@ bool CSingleDoc::OnOpenDocument(const char* path) {
     int err = 0;
     m_pFile = op_OpenDataFile(&err, path, 2, true);
     if (!m_pFile) {
-        if (err) AfxMessageBox(err);
+        // 23 has no text of its own: the file went away after it was counted.
+        AfxMessageBox(err == IDS_NO_FILE_OPEN ? IDS_FILE_NOT_FOUND : err);
         return false;
     }
     DataFileHeader h;

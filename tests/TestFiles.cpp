@@ -1,0 +1,75 @@
+#include "TestFiles.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+TempDir::TempDir() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "oproc-test-XXXXXX").string();
+    std::vector<char> buf(pattern.begin(), pattern.end());
+    buf.push_back('\0');
+    m_dir = ::mkdtemp(buf.data());
+}
+
+TempDir::~TempDir() {
+    std::error_code ec;
+    std::filesystem::remove_all(m_dir, ec);
+}
+
+static std::string Pad(std::string s, std::size_t width) {
+    s.resize(width, ' ');
+    return s;
+}
+
+std::string test_HeaderBytes(const HeaderSpec& h) {
+    std::string count = std::to_string(h.count);
+    return std::to_string(200 + h.kind) + " \r\n" + "Output file for:" + Pad(h.ident, 24) + " by:" +
+           Pad("QUILLSTAT VIEWR", 24) + " \r\n" + "Data for:" + h.title + "\r\n" + "Run date:" + Pad(h.type, 10) +
+           (h.reinit ? 'Y' : 'N') + (h.isDouble ? 'D' : 'S') + "     " + std::string(7 - count.size(), ' ') +
+           count + "\r\n" + "File Version: \x07QUILLSTATFMT\r\n\x1a";
+}
+
+std::string test_RecordBytes(const std::vector<Rec>& recs, bool isDouble) {
+    std::string out;
+    for (const Rec& r : recs) {
+        if (isDouble) {
+            char b[16];
+            std::memcpy(b, &r.time, 8);
+            std::memcpy(b + 8, &r.value, 8);
+            out.append(b, 16);
+        } else {
+            float t = static_cast<float>(r.time), v = static_cast<float>(r.value);
+            char b[8];
+            std::memcpy(b, &t, 4);
+            std::memcpy(b + 4, &v, 4);
+            out.append(b, 8);
+        }
+    }
+    return out;
+}
+
+void test_WriteBytes(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+void test_WriteDataFile(const std::string& path, const HeaderSpec& h, const std::vector<Rec>& recs) {
+    test_WriteBytes(path, test_HeaderBytes(h) + test_RecordBytes(recs, h.isDouble));
+}
+
+std::string test_ReadBytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+std::vector<Rec> test_Replications(const std::vector<std::vector<Rec>>& reps) {
+    std::vector<Rec> out;
+    for (std::size_t r = 0; r < reps.size(); ++r) {
+        out.insert(out.end(), reps[r].begin(), reps[r].end());
+        out.push_back({-static_cast<double>(r + 1), r + 1 == reps.size() ? -1.0 : 0.0});
+    }
+    return out;
+}

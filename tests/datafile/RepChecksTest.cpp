@@ -1,0 +1,64 @@
+#include <gtest/gtest.h>
+
+#include "TestFiles.h"
+#include "datafile/FileGlobals.h"
+#include "datafile/RepChecks.h"
+
+namespace {
+
+TEST(RepChecks, TreatmentText) {
+    struct Case {
+        const char* text;
+        int rc;
+    } cases[] = {{"", 0}, {"1", 0}, {"All", 0}, {"Lumped", 0}, {"0", 15804}, {"x", 15804}, {"3a", 15804}};
+    for (const Case& c : cases) {
+        int treatment = 0;
+        EXPECT_EQ(rep_CheckTreatmentText(c.text, &treatment), c.rc) << c.text;
+    }
+    EXPECT_EQ(rep_CheckTreatment(REP_REPMEANS), 15804);
+}
+
+TEST(RepChecks, EnoughReplications) {
+    TempDir dir;
+    std::string path = dir.Path("two.dat");
+    test_WriteDataFile(path, {}, test_Replications({{{1, 1}}, {{1, 2}}}));
+    EXPECT_EQ(rep_CheckEnoughReps(path.c_str(), 2), 0);
+    EXPECT_EQ(rep_CheckEnoughReps(path.c_str(), 3), 15940);
+    EXPECT_EQ(rep_CheckEnoughReps(path.c_str(), REP_ALL), 0);
+    EXPECT_EQ(rep_CheckEnoughReps(path.c_str(), REP_LUMPED), 0);
+}
+
+TEST(RepChecks, ObservationKinds) {
+    struct Case {
+        int kind;
+        int treatment;
+        int rc;
+    } cases[] = {{1, 1, 15810}, {2, REP_LUMPED, 15810}, {6, 1, 15810}, {7, REP_ALL, 15810}, {3, 1, 0},
+                 {5, REP_ALL, 0}, {4, 1, 15810},        {4, REP_ALL, 15810}, {4, REP_LUMPED, 0}};
+    for (const Case& c : cases)
+        EXPECT_EQ(rep_CheckObservationKind(c.kind, c.treatment), c.rc) << c.kind << " " << c.treatment;
+}
+
+TEST(RepChecks, SameKinds) {
+    TempDir dir;
+    HeaderSpec tally, dstat;
+    dstat.kind = 1;
+    test_WriteDataFile(dir.Path("a.dat"), tally, {});
+    test_WriteDataFile(dir.Path("b.dat"), tally, {});
+    test_WriteDataFile(dir.Path("c.dat"), dstat, {});
+    EXPECT_EQ(rep_CheckSameKind(dir.Path("a.dat").c_str(), dir.Path("b.dat").c_str()), 0);
+    EXPECT_EQ(rep_CheckSameKind(dir.Path("a.dat").c_str(), dir.Path("c.dat").c_str()), 15806);
+    EXPECT_EQ(rep_CheckSameKinds({dir.Path("a.dat"), dir.Path("b.dat")}), 0);
+    EXPECT_EQ(rep_CheckSameKinds({dir.Path("a.dat"), dir.Path("b.dat"), dir.Path("c.dat")}), 15926);
+}
+
+TEST(RepChecks, AppendAndLumped) {
+    EXPECT_EQ(rep_CheckAppendReinit(1, 1), 0);
+    EXPECT_EQ(rep_CheckAppendReinit(0, 1), 15807);
+    EXPECT_EQ(rep_CheckAppendReinit(0, REP_LUMPED), 0);
+    EXPECT_EQ(rep_CheckAppendReinit(1, REP_LUMPED), 15808);
+    EXPECT_EQ(rep_CheckNotLumped(REP_LUMPED), 15932);
+    EXPECT_EQ(rep_CheckNotLumped(REP_ALL), 0);
+}
+
+}  // namespace
