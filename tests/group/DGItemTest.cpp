@@ -31,7 +31,7 @@ TEST_F(DGItemTest, ReplicationCountWidthGrowsInSteps) {
     };
     const Case cases[] = {{1, "1"}, {9, "9"}, {10, "10"}, {99, "99"}, {100, " 100"}, {123, " 123"}, {1234, "1234"}};
     for (const Case& c : cases) {
-        std::string path = m_dir.File("r" + std::to_string(c.reps) + ".dat");
+        std::string path = m_dir.Path("r" + std::to_string(c.reps) + ".dat");
         grp_test_WriteDataFile(path, KIND_TALLY, c.reps, "Waits");
         CDGItem item(path);
         EXPECT_EQ(item.m_strDescription, path + ", " + c.count + ", Tally, Waits") << c.reps;
@@ -41,26 +41,26 @@ TEST_F(DGItemTest, ReplicationCountWidthGrowsInSteps) {
 TEST_F(DGItemTest, TypeTextFollowsTheDataKind) {
     const char* const texts[] = {"DSTAT", "CSTAT", "Tally", "Output", "Filtered", "Counter", "Frequency"};
     for (int kind = 1; kind <= 7; ++kind) {
-        std::string path = m_dir.File("k" + std::to_string(kind) + ".dat");
+        std::string path = m_dir.Path("k" + std::to_string(kind) + ".dat");
         grp_test_WriteDataFile(path, kind, 2, "T");
         EXPECT_EQ(CDGItem(path).m_strDescription, path + ", 2, " + texts[kind - 1] + ", T");
     }
 }
 
 TEST_F(DGItemTest, NoTitleMeansNoTrailingSeparator) {
-    std::string path = m_dir.File("q.dat");
+    std::string path = m_dir.Path("q.dat");
     grp_test_WriteDataFile(path, KIND_DSTAT, 5, "");
     CDGItem item(path);
     EXPECT_EQ(item.m_strDescription, path + ", 5, DSTAT");
 }
 
 TEST_F(DGItemTest, ConstructionKeepsTheTimeOnlyWhenDescribed) {
-    std::string good = m_dir.File("good.dat");
+    std::string good = m_dir.Path("good.dat");
     grp_test_WriteDataFile(good, KIND_TALLY, 1, "T");
     SetFileTime(good, 1000000000);
     EXPECT_EQ(CDGItem(good).m_time, 1000000000);
 
-    std::string junk = m_dir.File("junk.dat");
+    std::string junk = m_dir.Path("junk.dat");
     std::ofstream(junk) << "not a data file\n";
     CDGItem bad(junk);
     EXPECT_EQ(bad.m_time, CDGItem::kUnknownTime);
@@ -68,7 +68,7 @@ TEST_F(DGItemTest, ConstructionKeepsTheTimeOnlyWhenDescribed) {
 }
 
 TEST_F(DGItemTest, UnchangedFileIsNotReadAgain) {
-    std::string path = m_dir.File("w.dat");
+    std::string path = m_dir.Path("w.dat");
     grp_test_WriteDataFile(path, KIND_TALLY, 3, "Before");
     SetFileTime(path, 1200000000);
     CDGItem item(path);
@@ -89,14 +89,14 @@ TEST_F(DGItemTest, UnchangedFileIsNotReadAgain) {
 }
 
 TEST_F(DGItemTest, FailuresLeaveTheErrorLine) {
-    std::string path = m_dir.File("gone.dat");
+    std::string path = m_dir.Path("gone.dat");
     grp_test_WriteDataFile(path, KIND_TALLY, 2, "T");
     CDGItem item(path);
     fs::remove(path);
     EXPECT_EQ(item.Describe(true), 15811);
     EXPECT_EQ(item.m_strDescription, path + ", <error accessing file>");
 
-    std::string junk = m_dir.File("junk.dat");
+    std::string junk = m_dir.Path("junk.dat");
     std::ofstream(junk) << "201 \r\nshort";
     CDGItem damaged(junk);
     EXPECT_NE(damaged.Describe(false), 0);
@@ -106,7 +106,7 @@ TEST_F(DGItemTest, FailuresLeaveTheErrorLine) {
 TEST_F(DGItemTest, CountErrorShowsAsTheCount) {
     // A run cut short has no end-of-data marker; the count's error id 15836
     // is a positive number and stands where the count would.
-    std::string path = m_dir.File("cut.dat");
+    std::string path = m_dir.Path("cut.dat");
     grp_test_WriteDataFile(path, KIND_TALLY, 2, "Cut", false);
     CDGItem item(path);
     EXPECT_EQ(item.m_strDescription, path + ", 15836, Tally, Cut");

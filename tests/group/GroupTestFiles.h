@@ -1,22 +1,10 @@
-// Data files and folders for the data group tests.
+// Data files for the data group tests.
 #pragma once
 
 #include <filesystem>
 #include <string>
 
-// A fresh folder under the system's temporary folder, removed with its contents.
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    std::string File(const std::string& name) const { return (m_dir / name).string(); }
-    const std::filesystem::path& Path() const { return m_dir; }
-
-private:
-    std::filesystem::path m_dir;
-};
+#include "TestFiles.h"
 
 // Writes a data file of kind with reps replications of two observations each;
 // without complete the final end-of-data marker is left off.

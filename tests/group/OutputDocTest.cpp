@@ -226,8 +226,8 @@ TEST(OutputDoc, LongPathsRoundTripInEachLengthForm) {
 TEST(OutputDoc, SaveAndOpenThroughAFile) {
     KeepCurrentDir keep;
     TempDir dir;
-    fs::create_directories(dir.Path() / "sub");
-    std::string path = dir.File("sub/g.dgr");
+    fs::create_directories(dir.Dir() / "sub");
+    std::string path = dir.Path("sub/g.dgr");
     RecordingHost host;
     ScopedHost scope(&host);
     {
@@ -239,14 +239,14 @@ TEST(OutputDoc, SaveAndOpenThroughAFile) {
         EXPECT_FALSE(doc.IsModified());
     }
     // Opened by a path relative to where the user stands, not to the group.
-    fs::current_path(dir.Path());
+    fs::current_path(dir.Dir());
     COutputDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument("sub/g.dgr"));
     EXPECT_EQ(doc.GetItemCount(), 300);
     EXPECT_EQ(doc.GetItem(299)->m_strPath, "/data/run299.dat");
     EXPECT_FALSE(doc.IsModified());
     // Opening made the group's folder the current directory.
-    EXPECT_EQ(fs::current_path(), fs::canonical(dir.Path() / "sub"));
+    EXPECT_EQ(fs::current_path(), fs::canonical(dir.Dir() / "sub"));
     EXPECT_TRUE(host.messages.empty());
 }
 
@@ -332,7 +332,7 @@ TEST(OutputDoc, OpeningADamagedFileShowsTheFormatMessageOnce) {
     TempDir dir;
     RecordingHost host;
     ScopedHost scope(&host);
-    std::string path = dir.File("bad.dgr");
+    std::string path = dir.Path("bad.dgr");
     std::ofstream(path, std::ios::binary) << "OPDH.DGR\x01";
     COutputDoc doc;
     EXPECT_FALSE(doc.OnOpenDocument(path.c_str()));
@@ -341,7 +341,7 @@ TEST(OutputDoc, OpeningADamagedFileShowsTheFormatMessageOnce) {
     EXPECT_EQ(doc.GetItemCount(), 0);
 
     host.messages.clear();
-    EXPECT_FALSE(doc.OnOpenDocument(dir.File("missing.dgr").c_str()));
+    EXPECT_FALSE(doc.OnOpenDocument(dir.Path("missing.dgr").c_str()));
     ASSERT_EQ(host.messages.size(), 1u);
     EXPECT_EQ(host.messages[0].text, "File not found");
 }
@@ -403,8 +403,8 @@ class OutputViewTest : public ::testing::Test {
 protected:
     void SetUp() override {
         m_doc.OnNewDocument();
-        grp_test_WriteDataFile(m_dir.File("a.dat"), 3, 2, "A");
-        grp_test_WriteDataFile(m_dir.File("b.dat"), 1, 4, "");
+        grp_test_WriteDataFile(m_dir.Path("a.dat"), 3, 2, "A");
+        grp_test_WriteDataFile(m_dir.Path("b.dat"), 1, 4, "");
     }
     TempDir m_dir;
     RecordingHost m_host;
@@ -414,21 +414,21 @@ protected:
 };
 
 TEST_F(OutputViewTest, AddingAFileAlreadyInTheGroupIsRefused) {
-    EXPECT_EQ(m_view.AddFile(m_dir.File("a.dat")), 0);
-    EXPECT_EQ(m_view.AddFile(m_dir.File("b.dat")), 0);
+    EXPECT_EQ(m_view.AddFile(m_dir.Path("a.dat")), 0);
+    EXPECT_EQ(m_view.AddFile(m_dir.Path("b.dat")), 0);
     EXPECT_EQ(m_view.GetSelection(), 1);
     // The same file named another way is still the same file.
-    std::string other = (m_dir.Path() / "." / "a.dat").string();
+    std::string other = (m_dir.Dir() / "." / "a.dat").string();
     EXPECT_EQ(m_view.AddFile(other), 15905);
     ASSERT_EQ(m_host.messages.size(), 1u);
     EXPECT_EQ(m_host.messages[0].text, "File already is in the data group.");
     ASSERT_EQ(m_view.List().GetCount(), 2);
-    EXPECT_EQ(m_view.List().GetText(0), m_dir.File("a.dat") + ", 2, Tally, A");
-    EXPECT_EQ(m_view.List().GetText(1), m_dir.File("b.dat") + ", 4, DSTAT");
+    EXPECT_EQ(m_view.List().GetText(0), m_dir.Path("a.dat") + ", 2, Tally, A");
+    EXPECT_EQ(m_view.List().GetText(1), m_dir.Path("b.dat") + ", 4, DSTAT");
 }
 
 TEST_F(OutputViewTest, AddAsksForADataFile) {
-    m_host.fileToOpen = m_dir.File("b.dat");
+    m_host.fileToOpen = m_dir.Path("b.dat");
     EXPECT_EQ(m_view.OnAddFile(), 0);
     EXPECT_EQ(m_host.askedExt, "*.dat");
     EXPECT_EQ(m_host.askedFilter, "Simulation Output (*.dat)|*.dat|Batch/Truncate Files (*.flt)|*.flt|All Files (*.*)|*.*||");
@@ -439,8 +439,8 @@ TEST_F(OutputViewTest, AddAsksForADataFile) {
 }
 
 TEST_F(OutputViewTest, RemovingNeedsASelectionAndAYes) {
-    m_view.AddFile(m_dir.File("a.dat"));
-    m_view.AddFile(m_dir.File("b.dat"));
+    m_view.AddFile(m_dir.Path("a.dat"));
+    m_view.AddFile(m_dir.Path("b.dat"));
     m_view.SetSelection(LB_ERR);
     EXPECT_EQ(m_view.OnRemoveFile(), 15841);
     ASSERT_EQ(m_host.messages.size(), 1u);
@@ -458,16 +458,16 @@ TEST_F(OutputViewTest, RemovingNeedsASelectionAndAYes) {
     m_host.answer = IDYES;
     EXPECT_EQ(m_view.OnRemoveFile(), 0);
     ASSERT_EQ(m_doc.GetItemCount(), 1);
-    EXPECT_EQ(m_doc.GetItem(0)->m_strPath, m_dir.File("b.dat"));
+    EXPECT_EQ(m_doc.GetItem(0)->m_strPath, m_dir.Path("b.dat"));
     EXPECT_EQ(m_view.List().GetCount(), 1);
 }
 
 TEST_F(OutputViewTest, InitialUpdateRefreshesChangedFiles) {
-    m_view.AddFile(m_dir.File("a.dat"));
-    grp_test_WriteDataFile(m_dir.File("a.dat"), 3, 12, "A2");
-    fs::last_write_time(m_dir.File("a.dat"), fs::last_write_time(m_dir.File("a.dat")) + std::chrono::hours(1));
+    m_view.AddFile(m_dir.Path("a.dat"));
+    grp_test_WriteDataFile(m_dir.Path("a.dat"), 3, 12, "A2");
+    fs::last_write_time(m_dir.Path("a.dat"), fs::last_write_time(m_dir.Path("a.dat")) + std::chrono::hours(1));
     m_view.OnInitialUpdate();
-    EXPECT_EQ(m_view.List().GetText(0), m_dir.File("a.dat") + ", 12, Tally, A2");
+    EXPECT_EQ(m_view.List().GetText(0), m_dir.Path("a.dat") + ", 12, Tally, A2");
 }
 
 }  // namespace
