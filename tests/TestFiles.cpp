@@ -20,17 +20,17 @@ TempDir::~TempDir() {
     std::filesystem::remove_all(m_dir, ec);
 }
 
-static std::string Pad(std::string s, std::size_t width) {
-    s.resize(width, ' ');
-    return s;
-}
-
 std::string test_HeaderBytes(const HeaderSpec& h) {
-    std::string count = std::to_string(h.count);
-    return std::to_string(200 + h.kind) + " \r\n" + "Output file for:" + Pad(h.ident, 24) + " by:" +
-           Pad("QUILLSTAT VIEWR", 24) + " \r\n" + "Data for:" + h.title + "\r\n" + "Run date:" + Pad(h.type, 10) +
-           (h.reinit ? 'Y' : 'N') + (h.isDouble ? 'D' : 'S') + "     " + std::string(7 - count.size(), ' ') +
-           count + "\r\n" + "File Version: \x07QUILLSTATFMT\r\n\x1a";
+    char buf[512];
+    std::snprintf(buf, sizeof buf,
+                  "%d \r\n"
+                  "Output file for:%-24.24s by:%-24.24s \r\n"
+                  "Data for:%s\r\n"
+                  "Run date:%-10.10s%c%c     %7ld\r\n"
+                  "File Version: \x07QUILLSTATFMT\r\n\x1a",
+                  200 + h.kind, h.ident.c_str(), "QUILLSTAT VIEWR", h.title.c_str(), h.type.c_str(),
+                  h.reinit ? 'Y' : 'N', h.isDouble ? 'D' : 'S', h.count);
+    return buf;
 }
 
 std::string test_RecordBytes(const std::vector<Rec>& recs, bool isDouble) {

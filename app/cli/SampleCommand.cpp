@@ -25,6 +25,10 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--horizon", g_opt.sample.horizon, "Simulated time per replication")
         ->check(CLI::Range(1.0, 1e9))
         ->capture_default_str();
+    sub->add_option("--service-rate", g_opt.sample.serviceRate,
+                    "Customers the server completes per time unit (a second design to compare against)")
+        ->check(CLI::Range(0.01, 1000.0))
+        ->capture_default_str();
     sub->footer(
         "Files: a single-server queue at utilisation 0.9 that starts empty in each replication.\n"
         "  waits.dat     Tally: each customer's wait in queue\n"

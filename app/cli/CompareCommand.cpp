@@ -1,0 +1,125 @@
+// oproc compare [--method paired|two-sample] [--level TEXT] [--title TEXT] A B [A B ...]
+// oproc vartest [--level TEXT] [--title TEXT] A B [A B ...]
+// Pairs of data files (FILE or FILE@REPS): a confidence interval on the
+// difference of the means, or on the ratio of the variances, pair by pair.
+#include <ostream>
+
+#include "Command.h"
+#include "FileArgs.h"
+#include "framework/Host.h"
+#include "report/TextView.h"
+#include "stats/ComprDoc.h"
+#include "stats/ComprTextView.h"
+#include "stats/PairDialogs.h"
+#include "stats/VarDoc.h"
+#include "stats/VarTextView.h"
+
+namespace {
+
+struct Options {
+    std::string method = "paired";
+    std::string level = "0.95";
+    std::string title;
+    bool scale = false;
+    std::vector<std::string> files;
+};
+Options g_compare;
+Options g_vartest;
+
+const char* const kFilesHelp =
+    "Data files in pairs, A B A B ...; each FILE or FILE@REPS with REPS a replication number, \"All\" or "
+    "\"Lumped\". A pair of two \"All\" files compares replication i with replication i.";
+
+void AddCommon(CLI::App* sub, Options& o) {
+    sub->add_option("--level", o.level, "Confidence level as a fraction")->capture_default_str();
+    sub->add_option("--title", o.title, "Title of the report");
+    sub->add_flag("--scale", o.scale, "Show the scale on the chart");
+    sub->add_option("FILE", o.files, kFilesHelp);
+}
+
+void FillPairs(CBasePairsDlg& dlg, const Options& o) {
+    if (o.files.size() % 2 != 0)
+        throw CLI::ValidationError("FILE", "files come in pairs (A B); " + std::to_string(o.files.size()) +
+                                               " files were given");
+    dlg.m_strLevel = o.level;
+    dlg.m_strTitle = o.title;
+    dlg.m_bScale = o.scale;
+    for (const std::string& f : o.files) {
+        FileArg a = cli_ParseFileArg(f);
+        dlg.AddFile(a.path, a.reps);
+    }
+}
+
+// Validation, document and report as in the desktop program.
+template <typename Dlg, typename Doc, typename View>
+int RunPairs(Dlg& dlg, CliIO& io) {
+    int index = 0;
+    if (int id = dlg.Validate(&index)) {
+        AfxMessageBox(id);
+        return cli_Status(id);
+    }
+    Doc doc;
+    if (int rc = doc.InitFromDialog(dlg)) {
+        AfxMessageBox(rc);
+        return cli_Status(rc);
+    }
+    View view;
+    view.SetDocument(&doc);
+    io.out << txt_ReportText(view);
+    return cli_Status(0);
+}
+
+CLI::App* SetupCompare(CLI::App& app) {
+    g_compare = Options{};
+    CLI::App* sub = app.add_subcommand("compare", "Compare the means of pairs of data files (paired-t or two-sample-t)");
+    sub->add_option("--method", g_compare.method, "paired or two-sample")
+        ->check(CLI::IsMember({"paired", "two-sample"}))
+        ->capture_default_str();
+    AddCommon(sub, g_compare);
+    return sub;
+}
+
+int RunCompare(CliIO& io) {
+    CComprDlg dlg;
+    FillPairs(dlg, g_compare);
+    dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
+    return RunPairs<CComprDlg, CComprDoc, CComprTextView>(dlg, io);
+}
+
+CLI::App* SetupVartest(CLI::App& app) {
+    g_vartest = Options{};
+    CLI::App* sub = app.add_subcommand("vartest", "Compare the variances of pairs of data files (F interval)");
+    AddCommon(sub, g_vartest);
+    return sub;
+}
+
+int RunVartest(CliIO& io) {
+    CVarDlg dlg;
+    FillPairs(dlg, g_vartest);
+    return RunPairs<CVarDlg, CVarDoc, CVarTextView>(dlg, io);
+}
+
+CommandRegistrar g_regCompare(300, SetupCompare, RunCompare);
+CommandRegistrar g_regVartest(310, SetupVartest, RunVartest);
+
+DemoRegistrar g_demoDesign({500,
+                            "A second design with a faster server, for the comparisons",
+                            {"sample", "faster", "--service-rate", "1.1"},
+                            ""});
+DemoRegistrar g_demoPaired({510,
+                            "Paired-t: average wait per replication, sample system against the faster server",
+                            {"compare", "--title", "Faster server", "meanwait.dat@Lumped", "faster/meanwait.dat@Lumped"},
+                            ""});
+DemoRegistrar g_demoTwoSample({520,
+                               "Two-sample-t: the waits of replication 1 against replication 2, and every "
+                               "replication of the two designs",
+                               {"compare", "--method", "two-sample", "--title", "Waits", "waits.dat@1",
+                                "waits.dat@2", "waits.dat@All", "faster/waits.dat@All"},
+                               ""});
+DemoRegistrar g_demoVartest({530,
+                             "Comparison of variances: replication averages and single replications",
+                             {"vartest", "--title", "Spread of the waits", "meanwait.dat@Lumped",
+                              "faster/meanwait.dat@Lumped", "waits.dat@1", "waits.dat@2"},
+                             ""});
+
+}  // namespace

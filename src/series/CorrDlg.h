@@ -1,0 +1,31 @@
+// Parameter dialog of the correlogram: data file, replications, title, the
+// maximum lag and the file the correlations are saved in.
+#pragma once
+
+#include <string>
+
+#include "graph/FileDialogs.h"
+
+// Controls that take the focus after a failed check.
+inline constexpr const char* IDC_DATAFILE = "IDC_DATAFILE";
+inline constexpr const char* IDC_REPLICATIONS = "IDC_REPLICATIONS";
+inline constexpr const char* IDC_MAXLAGS = "IDC_MAXLAGS";
+inline constexpr const char* IDC_OUTFILE = "IDC_OUTFILE";
+
+class CCorrDlg : public CBaseDlg {
+public:
+    static constexpr int kMaxLagsLimit = 9999;
+
+    std::string m_strMaxLags;  // as typed
+    int m_nMaxLags = 0;        // set by ExchangeFields
+    std::string m_strOutFile;  // empty: the correlations are not saved
+
+    // The framework's field exchange before validation: the maximum lags must
+    // be an integer from 0 to 9999. False with the framework's text.
+    bool ExchangeFields(std::string* message);
+    int Validate(int* failingIndex) override;
+};
+
+// True when two names denote the same file: the same existing file, or the
+// same path once made absolute and normal.
+bool corr_SameFileName(const std::string& a, const std::string& b);

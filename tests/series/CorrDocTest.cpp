@@ -1,0 +1,242 @@
+#include "series/CorrDoc.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "TestFiles.h"
+#include "framework/Config.h"
+#include "framework/Host.h"
+#include "report/TextView.h"
+#include "series/CorrDlg.h"
+#include "series/CorrTextView.h"
+
+namespace {
+
+class RecordingHost : public IHost {
+public:
+    int ShowMessage(int id, const std::string&, unsigned) override {
+        ids.push_back(id);
+        return IDOK;
+    }
+    std::vector<int> ids;
+};
+
+std::vector<Rec> Obs(const std::vector<double>& values) {
+    std::vector<Rec> recs;
+    for (std::size_t i = 0; i < values.size(); ++i) recs.push_back({static_cast<double>(i + 1), values[i]});
+    return recs;
+}
+
+struct CorrRun {
+    int rc = 0;
+    std::unique_ptr<CCorrDoc> doc;
+    std::string report;
+};
+
+CorrRun Correlogram(const std::string& file, const std::string& reps, int lags, const std::string& out = "",
+                const std::string& title = "") {
+    CCorrDlg dlg;
+    dlg.m_strFile = file;
+    dlg.m_strReps = reps;
+    dlg.m_nMaxLags = lags;
+    dlg.m_strOutFile = out;
+    dlg.m_strTitle = title;
+    CorrRun run;
+    run.doc = std::make_unique<CCorrDoc>();
+    run.rc = run.doc->InitFromDialog(dlg);
+    if (run.rc == 0) {
+        CCorrTextView view;
+        view.SetDocument(run.doc.get());
+        run.report = txt_ReportText(view);
+    }
+    return run;
+}
+
+std::string Pad(const std::string& s, std::size_t width) { return std::string(width - s.size(), ' ') + s; }
+
+class CorrDoc : public ::testing::Test {
+protected:
+    TempDir dir;
+};
+
+// x = 2, 4, 6, 5, 3: mean 4, deviations -2, 0, 2, 1, -1, variance 10/5 = 2.
+// Lag 1: 0 + 0 + 2 - 1 = 1, c1 = 0.2, r1 = 0.1. Lag 2: -4 + 0 - 2 = -6,
+// c2 = -1.2, r2 = -0.6. Lag 3: -2 + 0 = -2, c3 = -0.4, r3 = -0.2.
+// Weighted sum: 2 (0.8 * 0.2 + 0.6 * -1.2 + 0.4 * -0.4) = -1.44.
+TEST_F(CorrDoc, HandWorkedSeriesReport) {
+    std::string path = dir.Path("x.dat");
+    test_WriteDataFile(path, {}, test_Replications({Obs({2, 4, 6, 5, 3})}));
+    for (auto method : {CLagProducts::Method::Direct, CLagProducts::Method::Fft}) {
+        CCorrDlg dlg;
+        dlg.m_strFile = path;
+        dlg.m_nMaxLags = 3;
+        dlg.m_strTitle = "Hand";
+        CCorrDoc doc;
+        doc.m_forceMethod = method;
+        ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+        CCorrTextView view;
+        view.SetDocument(&doc);
+        const std::string expected = Pad("Correlogram Summary", 45) + "\n" + Pad("Hand", 45) + "\n\n" +
+                                     Pad("Sample Mean", 35) + " : " + Pad("4", 11) + "\n" +
+                                     Pad("Sample Variance", 35) + " : " + Pad("2", 11) + "\n" +
+                                     Pad("Sample Size", 35) + " : " + Pad("5", 11) + "\n" +
+                                     Pad("Weighted Sum of Cov.", 35) + " : " + Pad("-1.44", 11) + "\n\n" +
+                                     Pad("Correlation/Covariance Values", 45) + "\n\n" +
+                                     "     Lag   Covariance  Correlation\n"
+                                     "       1          0.2          0.1\n"
+                                     "       2         -1.2         -0.6\n"
+                                     "       3         -0.4         -0.2\n";
+        EXPECT_EQ(txt_ReportText(view), expected);
+    }
+}
+
+TEST_F(CorrDoc, NoTitleLineWithoutATitle) {
+    std::string path = dir.Path("x.dat");
+    test_WriteDataFile(path, {}, test_Replications({Obs({2, 4, 6, 5, 3})}));
+    CorrRun run = Correlogram(path, "", 1);
+    ASSERT_EQ(run.rc, 0);
+    EXPECT_EQ(run.report.substr(0, 47), Pad("Correlogram Summary", 45) + "\n\n");
+    // L = 1: weighted sum 2 (1 - 1/5) c1 = 0.32.
+    EXPECT_NEAR(run.doc->m_dWeightedSum, 0.32, 1e-15);
+}
+
+// x = 1, 3, 1, 3: mean 2, variance 1; lag 1: -3 / 4 = -0.75, lag 2: 2 / 4 = 0.5:
+// every number is exact in binary, so the file can be compared byte by byte.
+TEST_F(CorrDoc, SavedFileLayout) {
+    std::string path = dir.Path("src.dat");
+    HeaderSpec src;
+    src.ident = "SRCID";
+    src.title = "Source title";
+    src.reinit = false;
+    test_WriteDataFile(path, src, test_Replications({Obs({1, 3, 1, 3})}));
+    std::string out = dir.Path("x.cor");
+    CorrRun run = Correlogram(path, "1", 2, out, "Saved");
+    ASSERT_EQ(run.rc, 0);
+    HeaderSpec cor;
+    cor.kind = 5;
+    cor.type = "Filtered";
+    cor.ident = "SRCID";
+    cor.title = "Saved";
+    cor.reinit = false;
+    EXPECT_EQ(test_ReadBytes(out), test_HeaderBytes(cor) + test_RecordBytes({{1, -0.75}, {2, 0.5}, {-1, -1}}, true));
+    EXPECT_EQ(run.doc->m_dVariance, 1.0);
+    EXPECT_EQ(run.doc->m_dWeightedSum, 2 * (0.75 * -0.75 + 0.5 * 0.5));
+
+    // The precision follows the configuration, header flag included.
+    cfg_SetDoublePrecOutput(0);
+    src.reinit = true;
+    test_WriteDataFile(path, src, test_Replications({Obs({1, 3, 1, 3})}));
+    CorrRun single = Correlogram(path, "Lumped", 2, out, "Saved");
+    cfg_SetDoublePrecOutput(1);
+    ASSERT_EQ(single.rc, 0);
+    cor.isDouble = false;
+    cor.reinit = true;
+    EXPECT_EQ(test_ReadBytes(out), test_HeaderBytes(cor) + test_RecordBytes({{1, -0.75}, {2, 0.5}, {-1, -1}}, false));
+}
+
+// Under "All" each replication's lags are followed by the marker that closed
+// it; the report lists the first replication's lags and the last one's summary.
+TEST_F(CorrDoc, AllReplications) {
+    std::string path = dir.Path("two.dat");
+    test_WriteDataFile(path, {}, test_Replications({Obs({1, 3, 1, 3}), Obs({2, 4, 6, 5, 3})}));
+    std::string out = dir.Path("all.cor");
+    CorrRun run = Correlogram(path, "All", 2, out);
+    ASSERT_EQ(run.rc, 0);
+    EXPECT_EQ(run.doc->m_nTreatment, -1);
+    ASSERT_EQ(run.doc->CovarCount(), 4);
+    EXPECT_EQ(run.doc->Covar(2).m_nLag, 1);
+    EXPECT_NEAR(run.doc->Covar(3).m_dCorrelation, -0.6, 1e-15);
+    EXPECT_EQ(run.doc->m_dMean, 4.0);
+    EXPECT_EQ(run.doc->m_nSize, 5);
+    // 2 (0.8 * 0.2 + 0.6 * -1.2) = -1.12
+    EXPECT_NEAR(run.doc->m_dWeightedSum, -1.12, 1e-14);
+    EXPECT_NE(run.report.find("       1        -0.75        -0.75\n       2          0.5          0.5\n"),
+              std::string::npos);
+    EXPECT_EQ(run.report.find("-0.6"), std::string::npos);
+
+    std::string bytes = test_ReadBytes(out);
+    std::string records = bytes.substr(bytes.find('\x1a') + 1);
+    ASSERT_EQ(records.size(), 6u * 16u);
+    EXPECT_EQ(records.substr(0, 48), test_RecordBytes({{1, -0.75}, {2, 0.5}, {-1, 0}}, true));
+    EXPECT_EQ(records.substr(80, 16), test_RecordBytes({{-2, -1}}, true));
+}
+
+TEST_F(CorrDoc, LumpedReadsAcrossReplications) {
+    std::string path = dir.Path("two.dat");
+    test_WriteDataFile(path, {}, test_Replications({Obs({1, 3}), Obs({1, 3})}));
+    CorrRun run = Correlogram(path, "Lumped", 2);
+    ASSERT_EQ(run.rc, 0);
+    EXPECT_EQ(run.doc->m_nSize, 4);
+    EXPECT_EQ(run.doc->Covar(0).m_dCovariance, -0.75);
+    CorrRun first = Correlogram(path, "", 1);
+    ASSERT_EQ(first.rc, 0);
+    EXPECT_EQ(first.doc->m_nSize, 2);
+}
+
+TEST_F(CorrDoc, SkipMarkersAreNotObservations) {
+    std::string path = dir.Path("skip.dat");
+    std::vector<Rec> recs = {{1, 1}, {-1, -2}, {2, 3}, {3, 1}, {-1, -2}, {4, 3}, {-1, -1}};
+    test_WriteDataFile(path, {}, recs);
+    CorrRun run = Correlogram(path, "", 2);
+    ASSERT_EQ(run.rc, 0);
+    EXPECT_EQ(run.doc->m_nSize, 4);
+    EXPECT_EQ(run.doc->Covar(1).m_dCorrelation, 0.5);
+}
+
+TEST_F(CorrDoc, TooFewObservationsLeaveNoFile) {
+    std::string path = dir.Path("x.dat");
+    test_WriteDataFile(path, {}, test_Replications({Obs({2, 4, 6, 5, 3})}));
+    std::string out = dir.Path("x.cor");
+    test_WriteBytes(out, "earlier contents");
+    RecordingHost host;
+    ScopedHost scope(&host);
+    EXPECT_EQ(Correlogram(path, "", 5, out).rc, 15831);
+    EXPECT_EQ(test_ReadBytes(out), "earlier contents");
+    EXPECT_EQ(Correlogram(path, "", 4, out).rc, 0);
+    EXPECT_NE(test_ReadBytes(out), "earlier contents");
+    std::filesystem::remove(out);
+    EXPECT_EQ(Correlogram(path, "", 5, out).rc, 15831);
+    EXPECT_FALSE(std::filesystem::exists(out));
+    for (const auto& entry : std::filesystem::directory_iterator(dir.Dir()))
+        EXPECT_NE(entry.path().filename().string().front(), '.') << "temporary file left: " << entry.path();
+    EXPECT_TRUE(host.ids.empty());
+}
+
+TEST_F(CorrDoc, ConstantSeriesDividesByZero) {
+    std::string path = dir.Path("c.dat");
+    test_WriteDataFile(path, {}, test_Replications({Obs({7, 7, 7, 7})}));
+    CorrRun run = Correlogram(path, "", 2);
+    ASSERT_EQ(run.rc, 0);
+    EXPECT_EQ(run.doc->m_dVariance, 0.0);
+    EXPECT_EQ(run.doc->Covar(0).m_dCovariance, 0.0);
+    EXPECT_TRUE(std::isnan(run.doc->Covar(0).m_dCorrelation));
+}
+
+// 10^7 plus noise: the plain sum of squares would cancel to nothing.
+TEST_F(CorrDoc, LargeOffsetKeepsItsDigits) {
+    std::string path = dir.Path("big.dat");
+    const double noise[] = {0.1, -0.1, 0.2, -0.2, 0.0};
+    std::vector<double> x;
+    for (int i = 0; i < 2000; ++i) x.push_back(1e7 + noise[i % 5]);
+    test_WriteDataFile(path, {}, test_Replications({Obs(x)}));
+    CorrRun run = Correlogram(path, "", 5);
+    ASSERT_EQ(run.rc, 0);
+    // Variance of the repeating pattern, divisor n: (0.01 + 0.01 + 0.04 + 0.04) / 5.
+    EXPECT_NEAR(run.doc->m_dVariance, 0.02, 0.02 * 1e-6);
+    EXPECT_NEAR(run.doc->m_dMean, 1e7, 1e-6);
+    // The pattern has period 5: lag 5 brings each value back, r = (n - 5) / n.
+    EXPECT_NEAR(run.doc->Covar(4).m_dCorrelation, 1995.0 / 2000.0, 1e-6);
+}
+
+TEST_F(CorrDoc, ReplicationBeyondTheFile) {
+    std::string path = dir.Path("x.dat");
+    test_WriteDataFile(path, {}, test_Replications({Obs({2, 4, 6, 5, 3})}));
+    CCorrDoc doc;
+    ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
+    doc.m_nMaxLags = 1;
+    doc.m_nTreatment = 2;
+    EXPECT_EQ(doc.Compute(), 15804);
+}
+
+}  // namespace

@@ -1,0 +1,316 @@
+#include "stats/ComprDoc.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <sstream>
+
+#include "TestFiles.h"
+#include "report/TextView.h"
+#include "stats/ComprTextView.h"
+#include "stats/PairDialogs.h"
+
+namespace {
+
+// Student t upper 0.025 points, from the table of percentage points of the t
+// distribution in any statistics text (e.g. Montgomery, Applied Statistics and
+// Probability for Engineers, Table V), three decimals as printed there.
+constexpr double kT3 = 3.182;
+constexpr double kT5 = 2.571;
+constexpr double kT4 = 2.776;
+// The quantile routine's tolerance is 0.001; the table is printed to 0.001.
+constexpr double kTableTolerance = 0.002;
+
+std::vector<Rec> Obs(const std::vector<double>& values) {
+    std::vector<Rec> recs;
+    for (std::size_t i = 0; i < values.size(); ++i) recs.push_back({static_cast<double>(i + 1), values[i]});
+    return recs;
+}
+
+class ComprDocTest : public ::testing::Test {
+protected:
+    std::string File(const std::string& name, const std::vector<std::vector<double>>& reps) {
+        std::vector<std::vector<Rec>> recs;
+        for (const auto& r : reps) recs.push_back(Obs(r));
+        std::string path = dir.Path(name);
+        test_WriteDataFile(path, {}, test_Replications(recs));
+        return path;
+    }
+    // Validates like the dialog, then computes.
+    int Compute(CComprDoc& doc, int method, const std::vector<std::pair<std::string, std::string>>& files,
+                const std::string& level = "0.95") {
+        CComprDlg dlg;
+        dlg.m_nMethod = method;
+        dlg.m_strLevel = level;
+        dlg.m_strTitle = "T";
+        for (const auto& [path, reps] : files) dlg.AddFile(path, reps);
+        if (int rc = dlg.Validate(nullptr)) return rc;
+        return doc.InitFromDialog(dlg);
+    }
+    std::string Report(CComprDoc& doc) {
+        CComprTextView view;
+        view.SetDocument(&doc);
+        return txt_ReportText(view);
+    }
+
+    TempDir dir;
+};
+
+// d = A - B = 2, 3, 1, 0 (A's fifth value has no partner and changes nothing):
+// mean 1.5, variance (14 - 4 * 1.5^2) / 3 = 5/3, half-width t(3) sqrt(5/3) / 2.
+TEST_F(ComprDocTest, PairedHandWorked) {
+    std::string a = File("a.dat", {{5, 7, 9, 6, 100}});
+    std::string b = File("b.dat", {{3, 4, 8, 6}});
+    CComprDoc doc;
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {b, ""}}), 0);
+    const CMultiFileItem& ra = doc.PairA(0);
+    const CMultiFileItem& rb = doc.PairB(0);
+    EXPECT_DOUBLE_EQ(ra.m_dAverage, 1.5);
+    EXPECT_DOUBLE_EQ(ra.m_dStdDev, std::sqrt(5.0 / 3.0));
+    EXPECT_NEAR(ra.m_dHalfWidth, kT3 * std::sqrt(5.0 / 3.0) / 2.0, kTableTolerance);
+    EXPECT_EQ(ra.m_lNumObs, 4);
+    EXPECT_EQ(rb.m_lNumObs, 4);
+    EXPECT_EQ(ra.m_dMin, 5);
+    EXPECT_EQ(ra.m_dMax, 9);
+    EXPECT_EQ(rb.m_dMin, 3);
+    EXPECT_EQ(rb.m_dMax, 8);
+    EXPECT_EQ(rb.m_dAverage, ra.m_dAverage);
+    EXPECT_EQ(rb.m_dHalfWidth, ra.m_dHalfWidth);
+    EXPECT_EQ(doc.PairIdentifier(0), a);
+}
+
+// A: mean 14, variance 40/4 = 10; B: mean 10, variance 2/2 = 1.
+// wA = 2, wB = 1/3, s = 7/3; df = (49/9) / ((1/9)/2 + 4/4) = 98/19 = 5.16 -> 5.
+TEST_F(ComprDocTest, TwoSampleHandWorked) {
+    std::string a = File("a.dat", {{10, 12, 14, 16, 18}});
+    std::string b = File("b.dat", {{9, 10, 11}});
+    CComprDoc doc;
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
+    const CMultiFileItem& ra = doc.PairA(0);
+    EXPECT_DOUBLE_EQ(ra.m_dAverage, 4.0);
+    EXPECT_DOUBLE_EQ(ra.m_dStdDev, std::sqrt(7.0 / 3.0));
+    EXPECT_NEAR(ra.m_dHalfWidth, kT5 * std::sqrt(7.0 / 3.0), kTableTolerance * 2);
+    EXPECT_EQ(ra.m_lNumObs, 5);
+    EXPECT_EQ(doc.PairB(0).m_lNumObs, 3);
+}
+
+// A = 2, 4, 6, 8: variance 20/3, wA = 5/3. B = 5, 5, 6, 7: mean 5.75, variance
+// 2.75/3, wB = 11/48. s = 91/48; df = s^2 / ((wB^2 + wA^2) / 3) = 24843/6521
+// = 3.81, which is cut to 3 (t 3.182), not rounded to 4 (t 2.776).
+TEST_F(ComprDocTest, WelchDegreesOfFreedomAreCut) {
+    std::string a = File("a.dat", {{2, 4, 6, 8}});
+    std::string b = File("b.dat", {{5, 5, 6, 7}});
+    CComprDoc doc;
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
+    const double se = std::sqrt(91.0 / 48.0);
+    EXPECT_NEAR(doc.PairA(0).m_dHalfWidth, kT3 * se, kTableTolerance * 2);
+    EXPECT_GT(std::fabs(doc.PairA(0).m_dHalfWidth - kT4 * se), 0.5);
+    EXPECT_DOUBLE_EQ(doc.PairA(0).m_dAverage, -0.75);
+}
+
+TEST_F(ComprDocTest, PairingEndsWithTheShorterFile) {
+    std::string a = File("a.dat", {{1, 2, 3, 4}});
+    std::string b = File("b.dat", {{1, 1}, {50, 60}});
+    CComprDoc doc;
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {b, ""}}), 0);
+    // d = 0, 1: B's second replication is not read under treatment 1.
+    EXPECT_EQ(doc.PairA(0).m_lNumObs, 2);
+    EXPECT_DOUBLE_EQ(doc.PairA(0).m_dAverage, 0.5);
+    EXPECT_EQ(doc.PairA(0).m_dMax, 2);
+    // Lumped B goes on into its second replication: d = 0, 1, -47, -56.
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {b, "Lumped"}}), 0);
+    EXPECT_EQ(doc.PairA(0).m_lNumObs, 4);
+    EXPECT_DOUBLE_EQ(doc.PairA(0).m_dAverage, -25.5);
+    EXPECT_EQ(doc.PairB(0).m_dMax, 60);
+}
+
+TEST_F(ComprDocTest, AllPairsReplicationWithReplication) {
+    std::string a = File("a.dat", {{1, 2}, {3, 4}, {5, 6}});
+    std::string b = File("b.dat", {{1, 1}, {1, 1}});
+    CComprDoc doc;
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, "All"}, {b, "All"}, {a, "1"}, {b, "2"}}), 0);
+    ASSERT_EQ(doc.PairCount(), 3);
+    EXPECT_EQ(doc.PairIdentifier(0), a + "@1");
+    EXPECT_EQ(doc.PairIdentifier(1), a + "@2");
+    EXPECT_EQ(doc.PairIdentifier(2), a);
+    EXPECT_DOUBLE_EQ(doc.PairA(0).m_dAverage, 0.5);
+    EXPECT_DOUBLE_EQ(doc.PairA(1).m_dAverage, 2.5);
+    EXPECT_DOUBLE_EQ(doc.PairA(2).m_dAverage, 0.5);
+}
+
+TEST_F(ComprDocTest, FailuresOfTheRead) {
+    std::string a = File("a.dat", {{1, 2}, {3, 4}});
+    std::string empty = dir.Path("empty.dat");
+    test_WriteDataFile(empty, {}, {{-1, -1}});
+    for (int method : {CComprDlg::METHOD_PAIRED, CComprDlg::METHOD_TWO_SAMPLE}) {
+        CComprDoc doc;
+        EXPECT_EQ(Compute(doc, method, {{a, "3"}, {a, ""}}), 15804) << method;
+        EXPECT_EQ(Compute(doc, method, {{a, ""}, {a, "5"}}), 15804) << method;
+        EXPECT_EQ(Compute(doc, method, {{empty, ""}, {a, ""}}), 15901) << method;
+        EXPECT_EQ(Compute(doc, method, {{a, ""}, {empty, ""}}), 15901) << method;
+        // A later pair's failure makes the whole run fail.
+        EXPECT_EQ(Compute(doc, method, {{a, ""}, {a, ""}, {a, ""}, {empty, ""}}), 15901) << method;
+    }
+}
+
+TEST_F(ComprDocTest, ChartRangeAlwaysHoldsZero) {
+    std::string a = File("a.dat", {{10, 12, 14, 16, 18}});
+    std::string b = File("b.dat", {{1, 2, 3, 2, 1}});
+    CComprDoc doc;
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}, {a, ""}, {a, ""}}), 0);
+    EXPECT_GT(doc.PairA(0).m_dLower, 0.0);
+    EXPECT_EQ(doc.m_dHigh, doc.PairA(0).m_dUpper);
+    EXPECT_EQ(doc.m_dLow, doc.PairA(1).m_dLower);
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
+    EXPECT_EQ(doc.m_dLow, 0.0);
+}
+
+// 10^7 plus noise of 0.1: the plain sums of squares would leave nothing.
+TEST_F(ComprDocTest, LargeOffsetKeepsItsDigits) {
+    const double noise[] = {0.1, -0.1, 0.2, -0.2, 0.0};
+    std::vector<double> big, small;
+    for (int i = 0; i < 1000; ++i) {
+        big.push_back(1e7 + noise[i % 5]);
+        small.push_back(noise[(i + 2) % 5]);
+    }
+    std::string a = File("a.dat", {big});
+    std::string b = File("b.dat", {small});
+    CComprDoc doc;
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
+    // Both variances are 0.1 / 4 * 1000 / 999 (five values repeated 200 times).
+    const double v = 0.1 * 200.0 / 999.0;
+    EXPECT_NEAR(doc.PairA(0).m_dStdDev, std::sqrt(2.0 * v / 1000.0), 1e-9);
+    EXPECT_NEAR(doc.PairA(0).m_dAverage, 1e7, 1e-7);
+    // Paired: the differences 1e7 + 0.1 - 0.2, ... have the same spread as (a - b) noise.
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {a, ""}}), 0);
+    EXPECT_EQ(doc.PairA(0).m_dAverage, 0.0);
+    EXPECT_EQ(doc.PairA(0).m_dStdDev, 0.0);
+}
+
+// One observation per file: the Welch fraction is 0/0 and its cut the minimum
+// int; one pair in paired-t passes 0 degrees of freedom. Neither may fail.
+TEST_F(ComprDocTest, OneObservation) {
+    std::string a = File("a.dat", {{4}});
+    std::string b = File("b.dat", {{1}});
+    CComprDoc doc;
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
+    EXPECT_EQ(doc.PairA(0).m_dAverage, 3.0);
+    EXPECT_EQ(doc.PairA(0).m_dStdDev, 0.0);
+    ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {b, ""}}), 0);
+    EXPECT_EQ(doc.PairA(0).m_lNumObs, 1);
+    EXPECT_EQ(doc.PairA(0).m_dHalfWidth, 0.0);
+}
+
+// Reports written out by hand from the line formats.
+TEST_F(ComprDocTest, PairedReport) {
+    std::string a = File("a.dat", {{5, 7, 9, 6, 100}});
+    std::string b = File("b.dat", {{3, 4, 8, 6}});
+    CComprDlg dlg;
+    dlg.m_strTitle = "Paired";
+    dlg.AddFile(a, "");
+    dlg.AddFile(b, "");
+    dlg.m_items[0].m_strIdent = "A.dat";
+    ASSERT_EQ(dlg.Validate(nullptr), 0);
+    CComprDoc doc;
+    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    EXPECT_EQ(Report(doc),
+              "         Paired-T Means Comparison :               Paired\n"
+              "\n"
+              "      IDENTIFIER         ESTD. MEAN   STANDARD  0.950 C.I.    MINIMUM    MAXIMUM  NUMBER\n"
+              "                         DIFFERENCE  DEVIATION  HALF-WIDTH      VALUE      VALUE  OF OBS\n"
+              "---------------------------------------------------------------------------------------\n"
+              "A.dat                           1.5       1.29        2.05          5          9       4\n"
+              "                                                                    3          8       4\n"
+              "         FAIL TO REJECT  H0 => MEANS ARE EQUAL  AT  0.05 LEVEL\n"
+              "\n");
+}
+
+TEST_F(ComprDocTest, TwoSampleReport) {
+    std::string a = File("a.dat", {{10, 12, 14, 16, 18}});
+    std::string b = File("b.dat", {{9, 10, 11}});
+    CComprDlg dlg;
+    dlg.m_nMethod = CComprDlg::METHOD_TWO_SAMPLE;
+    dlg.m_strLevel = "0.9";
+    dlg.AddFile(a, "");
+    dlg.AddFile(b, "");
+    dlg.m_items[0].m_strIdent = "A.dat";
+    ASSERT_EQ(dlg.Validate(nullptr), 0);
+    CComprDoc doc;
+    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    // t(5) upper 0.05 = 2.015: half-width 2.015 * 1.528 = 3.08.
+    EXPECT_EQ(Report(doc),
+              "       Two-Sample T Means Comparison :                     \n"
+              "\n"
+              "      IDENTIFIER         ESTD. MEAN   STANDARD  0.900 C.I.    MINIMUM    MAXIMUM  NUMBER\n"
+              "                         DIFFERENCE  DEVIATION  HALF-WIDTH      VALUE      VALUE  OF OBS\n"
+              "---------------------------------------------------------------------------------------\n"
+              "A.dat                             4       1.53        3.08         10         18       5\n"
+              "                                                                    9         11       3\n"
+              "         REJECT H0 => MEANS ARE NOT EQUAL  AT   0.1 LEVEL\n");
+}
+
+// The view alone, on results set by hand: identifier splits and verdicts.
+class ComprView : public ::testing::Test {
+protected:
+    void AddPair(const std::string& ident, double estimate, double hw) {
+        CMultiFileItem a("a.dat", ""), b("b.dat", "");
+        a.m_strIdent = ident;
+        for (CMultiFileItem* item : {&a, &b}) {
+            item->m_dAverage = estimate;
+            item->m_dStdDev = 1.0;
+            item->m_dHalfWidth = hw;
+            item->m_dLower = estimate - hw;
+            item->m_dUpper = estimate + hw;
+            item->m_dMin = 1.0;
+            item->m_dMax = 2.0;
+            item->m_lNumObs = 3;
+        }
+        doc.m_items.push_back(a);
+        doc.m_items.push_back(b);
+    }
+    std::string Body() {
+        CComprTextView view;
+        view.SetDocument(&doc);
+        std::string text = txt_ReportText(view);
+        std::size_t dashes = text.find("---\n");
+        return text.substr(dashes + 4);
+    }
+    CComprDoc doc;
+};
+
+TEST_F(ComprView, IdentifiersOver20And40Characters) {
+    AddPair("abcdefghijklmnopqrstuvwxy", 1, 2);                               // 25
+    AddPair("abcdefghijklmnopqrst uvwxy", 1, 2);                              // blank at 21
+    AddPair("0123456789abcdefghijKLMNOPQRSTUVWXYZ-+=!", 1, 2);                // 40
+    AddPair("0123456789abcdefghijKLMNOPQRSTUVWXYZ-+=!tail5", 1, 2);           // 45
+    AddPair("0123456789abcdefghij KLMNOPQRSTUVWXYZ-+=!", 1, 2);               // 41, blank at 21
+    AddPair("0123456789abcdefghij KLMNOPQRSTUVWXYZ-+=!more", 1, 2);           // 45, blank at 21
+    // A's numbers start after 5 blanks; B's long line puts 39 blanks between the
+    // identifier column and its numbers, so that they stand under A's.
+    const std::string a = "              1          1           2          1          2       3\n";
+    const std::string b = std::string(39 + 9, ' ') + "1          2       3\n";
+    const std::string verdict = "         FAIL TO REJECT  H0 => MEANS ARE EQUAL  AT  0.05 LEVEL\n\n";
+    EXPECT_EQ(Body(), "abcdefghijklmnopqrst" + a + "uvwxy               " + b + verdict +
+                          "abcdefghijklmnopqrst" + a + "uvwxy               " + b + verdict +
+                          "0123456789abcdefghij" + a + "KLMNOPQRSTUVWXYZ-+=!" + b + verdict +
+                          "0123456789abcdefghij" + a + "KLMNOPQRSTUVWXYZ-+=!" + b + "tail5\n" + verdict +
+                          "0123456789abcdefghij" + a + "KLMNOPQRSTUVWXYZ-+=!" + b + "\n" + verdict +
+                          "0123456789abcdefghij" + a + "KLMNOPQRSTUVWXYZ-+=!" + b + "more\n" + verdict);
+}
+
+TEST_F(ComprView, VerdictOnTheClosedInterval) {
+    AddPair("zero-at-lower", 2, 2);        // [0, 4]: 0 inside
+    AddPair("zero-at-upper", -2, 2);       // [-4, 0]
+    AddPair("above", 2.5, 2);              // [0.5, 4.5]
+    AddPair("below", -2.5, 2);             // [-4.5, -0.5]
+    AddPair("nan", std::nan(""), 2);       // no comparison holds
+    std::istringstream body(Body());
+    std::vector<std::string> verdicts;
+    for (std::string line; std::getline(body, line);)
+        if (line.find("H0 =>") != std::string::npos) verdicts.push_back(line);
+    const std::string fail = "         FAIL TO REJECT  H0 => MEANS ARE EQUAL  AT  0.05 LEVEL";
+    const std::string reject = "         REJECT H0 => MEANS ARE NOT EQUAL  AT  0.05 LEVEL";
+    EXPECT_EQ(verdicts, (std::vector<std::string>{fail, fail, reject, reject, fail}));
+}
+
+}  // namespace

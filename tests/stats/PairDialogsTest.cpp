@@ -1,0 +1,142 @@
+#include "stats/PairDialogs.h"
+
+#include <gtest/gtest.h>
+
+#include "TestFiles.h"
+
+namespace {
+
+// Files for the checks: observations, time-persistent data, one value per
+// replication, a damaged header.
+class PairDialogs : public ::testing::Test {
+protected:
+    void SetUp() override {
+        test_WriteDataFile(P("tally.dat"), {}, test_Replications({{{1, 1}, {2, 2}}, {{1, 3}}}));
+        HeaderSpec dstat;
+        dstat.kind = 1;
+        dstat.type = "DSTAT";
+        test_WriteDataFile(P("dstat.dat"), dstat, test_Replications({{{0, 1}}}));
+        HeaderSpec output;
+        output.kind = 4;
+        output.type = "Output";
+        test_WriteDataFile(P("output.dat"), output, test_Replications({{{9, 1}}, {{9, 2}}}));
+        test_WriteBytes(P("bad.dat"), "garbage, not a data file");
+    }
+public:
+    std::string P(const std::string& name) const { return dir.Path(name); }
+
+protected:
+    TempDir dir;
+};
+
+struct File {
+    const char* name;
+    const char* reps;
+};
+
+struct Case {
+    std::vector<File> files;
+    int id;
+    int index;  // failing pair, -1 when not examined
+    const char* focus;
+};
+
+template <typename Dlg>
+void RunCases(const PairDialogs& t, const std::vector<Case>& cases, const char* level) {
+    for (std::size_t c = 0; c < cases.size(); ++c) {
+        Dlg dlg;
+        dlg.m_strLevel = level;
+        for (const File& f : cases[c].files) dlg.AddFile(t.P(f.name), f.reps);
+        int index = -1;
+        EXPECT_EQ(dlg.Validate(&index), cases[c].id) << "case " << c;
+        if (cases[c].index >= 0) {
+            EXPECT_EQ(index, cases[c].index) << "case " << c;
+        }
+        EXPECT_EQ(dlg.FocusControl(), cases[c].focus) << "case " << c;
+    }
+}
+
+// The file checks of both dialogs: pair by pair, A before B, each file in the
+// order exists, treatment, header, kind; then the "All" pairing rule.
+const std::vector<Case>& FileCases() {
+    static const std::vector<Case> cases = {
+        {{}, 15814, -1, ""},
+        {{{"tally.dat", ""}, {"tally.dat", "2"}}, 0, -1, ""},
+        {{{"tally.dat", ""}, {"none.dat", ""}}, 15811, 0, IDC_PAIRLIST},
+        {{{"tally.dat", ""}, {"tally.dat", ""}, {"none.dat", ""}, {"tally.dat", ""}}, 15811, 1, IDC_PAIRLIST},
+        {{{"none.dat", ""}, {"bad.dat", ""}}, 15811, 0, IDC_PAIRLIST},
+        {{{"tally.dat", "x"}, {"none.dat", ""}}, 15804, 0, IDC_PAIRLIST},
+        {{{"tally.dat", "0"}, {"tally.dat", ""}}, 15804, 0, IDC_PAIRLIST},
+        {{{"tally.dat", ""}, {"tally.dat", "1234567890"}}, 15804, 0, IDC_PAIRLIST},
+        {{{"bad.dat", ""}, {"tally.dat", ""}}, 15821, 0, ""},
+        {{{"bad.dat", "x"}, {"tally.dat", ""}}, 15804, 0, IDC_PAIRLIST},
+        {{{"dstat.dat", "Lumped"}, {"tally.dat", ""}}, 15810, 0, IDC_PAIRLIST},
+        {{{"tally.dat", ""}, {"output.dat", "1"}}, 15810, 0, IDC_PAIRLIST},
+        {{{"tally.dat", ""}, {"output.dat", "All"}}, 15810, 0, IDC_PAIRLIST},
+        {{{"output.dat", "Lumped"}, {"tally.dat", "Lumped"}}, 0, -1, ""},
+        // "All" pairs only with "All"; the files themselves are checked first.
+        {{{"tally.dat", "All"}, {"tally.dat", "All"}}, 0, -1, ""},
+        {{{"tally.dat", "All"}, {"tally.dat", "1"}}, 15804, 0, IDC_PAIRLIST},
+        {{{"tally.dat", "Lumped"}, {"tally.dat", "All"}}, 15804, 0, IDC_PAIRLIST},
+        {{{"tally.dat", "All"}, {"dstat.dat", ""}}, 15810, 0, IDC_PAIRLIST},
+        // A replication beyond the file's is found only when the file is read.
+        {{{"tally.dat", "7"}, {"tally.dat", ""}}, 0, -1, ""},
+    };
+    return cases;
+}
+
+TEST_F(PairDialogs, CompareChecksFilesInOrder) { RunCases<CComprDlg>(*this, FileCases(), "0.95"); }
+
+TEST_F(PairDialogs, VartestChecksFilesInOrder) { RunCases<CVarDlg>(*this, FileCases(), "0.95"); }
+
+TEST_F(PairDialogs, FilesAreCheckedBeforeTheLevel) {
+    RunCases<CComprDlg>(*this, {{{{"none.dat", ""}, {"tally.dat", ""}}, 15811, 0, IDC_PAIRLIST}}, "95");
+    RunCases<CVarDlg>(*this, {{{{"none.dat", ""}, {"tally.dat", ""}}, 15811, 0, IDC_PAIRLIST}}, "95");
+}
+
+struct LevelCase {
+    const char* text;
+    bool compare;  // accepted by the comparison of means
+    bool vartest;  // accepted by the comparison of variances
+};
+
+// Means: a fraction from 0 to 1, both included, and the text must parse.
+// Variances: strictly between 0 and 1; a text that does not parse counts as 0.
+TEST_F(PairDialogs, LevelRules) {
+    const LevelCase cases[] = {
+        {"0.95", true, true}, {"0.99", true, true}, {"0.5", true, true},  {"1e-300", true, true},
+        {"1", true, false},   {"0", true, false},   {"", true, false},    {"95", false, false},
+        {"100", false, false}, {"-0", false, false}, {"-0.1", false, false}, {"1.0001", false, false},
+        {"abc", false, false}, {"0.9 ", false, false}, {" 0.9", true, true}, {"nan", false, false},
+        {"inf", false, false},
+    };
+    for (const LevelCase& c : cases) {
+        CComprDlg compare;
+        compare.m_strLevel = c.text;
+        compare.AddFile(P("tally.dat"), "");
+        compare.AddFile(P("tally.dat"), "");
+        int index = -1;
+        EXPECT_EQ(compare.Validate(&index), c.compare ? 0 : 15813) << '"' << c.text << '"';
+        EXPECT_EQ(compare.FocusControl(), c.compare ? "" : IDC_LEVEL) << '"' << c.text << '"';
+
+        CVarDlg vartest;
+        vartest.m_strLevel = c.text;
+        vartest.AddFile(P("tally.dat"), "");
+        vartest.AddFile(P("tally.dat"), "");
+        EXPECT_EQ(vartest.Validate(&index), c.vartest ? 0 : 15813) << '"' << c.text << '"';
+        EXPECT_EQ(vartest.FocusControl(), c.vartest ? "" : IDC_LEVEL) << '"' << c.text << '"';
+    }
+}
+
+TEST_F(PairDialogs, ValidateRefreshesTreatmentsFromTheirTexts) {
+    CComprDlg dlg;
+    dlg.AddFile(P("tally.dat"), "");
+    dlg.AddFile(P("tally.dat"), "");
+    dlg.m_items[0].m_strReps = "Lumped";
+    dlg.m_items[1].m_strReps = "2";
+    EXPECT_EQ(dlg.Validate(nullptr), 0);
+    EXPECT_EQ(dlg.m_items[0].m_nTreatment, -4);
+    EXPECT_EQ(dlg.m_items[1].m_nTreatment, 2);
+}
+
+}  // namespace
