@@ -6,13 +6,9 @@
 
 #include "Command.h"
 #include "FileArgs.h"
-#include "framework/Host.h"
-#include "report/TextView.h"
-#include "stats/ComprDoc.h"
-#include "stats/ComprTextView.h"
+#include "GroupArgs.h"
+#include "group/Commands.h"
 #include "stats/PairDialogs.h"
-#include "stats/VarDoc.h"
-#include "stats/VarTextView.h"
 
 namespace {
 
@@ -22,6 +18,7 @@ struct Options {
     std::string title;
     bool scale = false;
     std::vector<std::string> files;
+    CliGroup group;
 };
 Options g_compare;
 Options g_vartest;
@@ -35,38 +32,23 @@ void AddCommon(CLI::App* sub, Options& o) {
     sub->add_option("--title", o.title, "Title of the report");
     sub->add_flag("--scale", o.scale, "Show the scale on the chart");
     sub->add_option("FILE", o.files, kFilesHelp);
+    o.group.AddOption(sub);
 }
 
-void FillPairs(CBasePairsDlg& dlg, const Options& o) {
+// The pair list as the dialog takes it; an odd count is a usage error.
+std::vector<FileArg> PairFiles(Options& o) {
     if (o.files.size() % 2 != 0)
         throw CLI::ValidationError("FILE", "files come in pairs (A B); " + std::to_string(o.files.size()) +
                                                " files were given");
+    return o.group.ParseFileArgs(o.files);
+}
+
+void FillPairs(CBasePairsDlg& dlg, const Options& o, const std::vector<FileArg>& files) {
     dlg.m_strLevel = o.level;
     dlg.m_strTitle = o.title;
     dlg.m_bScale = o.scale;
-    for (const std::string& f : o.files) {
-        FileArg a = cli_ParseFileArg(f);
-        dlg.AddFile(a.path, a.reps);
-    }
-}
-
-// Validation, document and report as in the desktop program.
-template <typename Dlg, typename Doc, typename View>
-int RunPairs(Dlg& dlg, CliIO& io) {
-    int index = 0;
-    if (int id = dlg.Validate(&index)) {
-        AfxMessageBox(id);
-        return cli_Status(id);
-    }
-    Doc doc;
-    if (int rc = doc.InitFromDialog(dlg)) {
-        AfxMessageBox(rc);
-        return cli_Status(rc);
-    }
-    View view;
-    view.SetDocument(&doc);
-    io.out << txt_ReportText(view);
-    return cli_Status(0);
+    dlg.m_items.clear();
+    for (const FileArg& f : files) dlg.AddFile(f.path, f.reps);
 }
 
 CLI::App* SetupCompare(CLI::App& app) {
@@ -79,11 +61,12 @@ CLI::App* SetupCompare(CLI::App& app) {
     return sub;
 }
 
-int RunCompare(CliIO& io) {
-    CComprDlg dlg;
-    FillPairs(dlg, g_compare);
-    dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
-    return RunPairs<CComprDlg, CComprDoc, CComprTextView>(dlg, io);
+int RunCompare(CliIO&) {
+    std::vector<FileArg> files = PairFiles(g_compare);
+    return cli_RunEntry<CComprDlg>(g_OnComparison, g_compare.group, [&](CComprDlg& dlg) {
+        FillPairs(dlg, g_compare, files);
+        dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
+    });
 }
 
 CLI::App* SetupVartest(CLI::App& app) {
@@ -93,10 +76,10 @@ CLI::App* SetupVartest(CLI::App& app) {
     return sub;
 }
 
-int RunVartest(CliIO& io) {
-    CVarDlg dlg;
-    FillPairs(dlg, g_vartest);
-    return RunPairs<CVarDlg, CVarDoc, CVarTextView>(dlg, io);
+int RunVartest(CliIO&) {
+    std::vector<FileArg> files = PairFiles(g_vartest);
+    return cli_RunEntry<CVarDlg>(g_OnVartest, g_vartest.group,
+                                 [&](CVarDlg& dlg) { FillPairs(dlg, g_vartest, files); });
 }
 
 CommandRegistrar g_regCompare(300, SetupCompare, RunCompare);
@@ -108,7 +91,8 @@ DemoRegistrar g_demoDesign({500,
                             ""});
 DemoRegistrar g_demoPaired({510,
                             "Paired-t: average wait per replication, sample system against the faster server",
-                            {"compare", "--title", "Faster server", "meanwait.dat@Lumped", "faster/meanwait.dat@Lumped"},
+                            {"compare", "--title", "Faster server", "--group", "samples.dgr", "#5@Lumped",
+                             "faster/meanwait.dat@Lumped"},
                             ""});
 DemoRegistrar g_demoTwoSample({520,
                                "Two-sample-t: the waits of replication 1 against replication 2, and every "

@@ -12,6 +12,8 @@ namespace fs = std::filesystem;
 
 CliGroup::CliGroup() = default;
 CliGroup::~CliGroup() = default;
+CliGroup::CliGroup(CliGroup&&) noexcept = default;
+CliGroup& CliGroup::operator=(CliGroup&&) noexcept = default;
 
 void CliGroup::AddOption(CLI::App* sub) {
     m_path.clear();

@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "CliHost.h"
@@ -32,8 +33,9 @@ class CliGroup {
 public:
     CliGroup();
     ~CliGroup();
-    CliGroup(const CliGroup&) = delete;
-    CliGroup& operator=(const CliGroup&) = delete;
+    // Movable, so that a command's options can be reset as a whole.
+    CliGroup(CliGroup&&) noexcept;
+    CliGroup& operator=(CliGroup&&) noexcept;
 
     // Adds --group to sub and forgets an earlier value and group.
     void AddOption(CLI::App* sub);
@@ -67,16 +69,21 @@ private:
 };
 
 // Runs an analysis through its command entry with the group's view: the
-// terminal host fills the entry's dialog with fill (the dialog must be a Dlg),
+// terminal host fills the entry's dialog (which must be a Dlg) with fill,
 // validates it as OK would, and prints the report of the window the entry
-// opens. Returns the exit status.
-template <class Dlg>
-int cli_RunEntry(int (*entry)(COutputView*), CliGroup& group, std::function<void(Dlg&)> fill) {
+// opens. fill may return bool: false cancels the dialog (show why first).
+// Returns the exit status.
+template <class Dlg, class Fill>
+int cli_RunEntry(int (*entry)(COutputView*), CliGroup& group, Fill fill) {
     if (int rc = group.Open()) return cli_Status(rc);
     cli_Host().SetDialogFiller([&fill](CDialog& d) {
         auto* dlg = dynamic_cast<Dlg*>(&d);
-        if (dlg) fill(*dlg);
-        return dlg != nullptr;
+        if (!dlg) return false;
+        if constexpr (std::is_same_v<decltype(fill(*dlg)), bool>)
+            return fill(*dlg);
+        else
+            fill(*dlg);
+        return true;
     });
     int rc = entry(group.View());
     cli_Host().SetDialogFiller(nullptr);

@@ -9,6 +9,11 @@
 
 class CDialog : public CObject {
 public:
+    // The framework's field exchange that precedes validation: typed fields
+    // with a fixed type and range (a whole number from 0 to 9999) are taken
+    // into their values. False with the framework's message text.
+    virtual bool ExchangeFields(std::string* /*message*/) { return true; }
+
     // Returns 0 or the message id of the first failing check. For list dialogs
     // failingIndex receives the row at fault; it may be null.
     virtual int Validate(int* failingIndex) = 0;
@@ -26,7 +31,8 @@ private:
     std::string m_focus;
 };
 
-// What pressing OK does: validates and, on a failure, shows its message (a pair
-// check's negated id is shown as the id) so the user can correct the field.
-// Returns 0 when the dialog may close, else the failing id.
+// What pressing OK does: exchanges the fields, then validates; a failure shows
+// its message (a pair check's negated id is shown as the id) so the user can
+// correct the field. Returns 0 when the dialog may close, else the failing id
+// (-1 for a failed exchange).
 int dlg_ValidateOnOK(CDialog& dlg);

@@ -3,4 +3,10 @@
 // and its command reports that it is not available.
 #include "group/Startup.h"
 
-void grp_RegisterAnalyses() {}
+void grp_RegisterPairs();        // stats/PairRegistration.cpp: Comparison, Vartest
+void grp_RegisterCorrelogram();  // series/CorrRegistration.cpp
+
+void grp_RegisterAnalyses() {
+    grp_RegisterPairs();
+    grp_RegisterCorrelogram();
+}

@@ -71,6 +71,14 @@ check "#N past the end: status" 2 $?
 "$OPROC" info '#1' >out 2>err
 check "#N without a group: status" 2 $?
 
+# An analysis reached through the group runs as with the path itself.
+"$OPROC" correlogram runs/w.dat --reps Lumped --max-lags 1 >direct.out 2>direct.err
+direct=$?
+"$OPROC" correlogram --group g.dgr '#1' --reps Lumped --max-lags 1 >via.out 2>via.err
+check "analysis via #N: status" $direct $?
+check "analysis via #N: report" "$(sed "s|runs/w.dat|$work/runs/w.dat|" direct.out)" "$(cat via.out)"
+check "analysis via #N: messages" "$(cat direct.err)" "$(cat via.err)"
+
 # Removing by number, from the list the user saw.
 "$OPROC" group remove g.dgr 3 >out 2>err
 check "remove past the end: status" 2 $?
