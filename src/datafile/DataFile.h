@@ -20,8 +20,8 @@ int op_CheckFileHdr(const char* path, int* kind, int* reinit, int* count, std::s
 int op_GetFileKind(const char* path);
 int op_GetFileReinit(const char* path);
 
-// Reads one record; end of file and errors show in the stream's indicators.
-void op_ReadPair(FILE* f, int isDouble, double* time, double* value);
+// Reads one record; end of file and errors show in the stream's indicators
+// (inline, below).
 // Writes one record in the precision the configuration asks for now.
 int op_WritePair(FILE* f, const double* time, const double* value);
 void op_ReadTextPair(const char* line, double* time, double* value);
@@ -59,8 +59,14 @@ inline bool TakeRecord(FILE* f, double* time, double* value) {
 }
 
 void ReadObsFull(FILE* f, int isDouble, int treatment, int kind, double* time, double* value);
+void ReadPairFull(FILE* f, int isDouble, double* time, double* value);
 
 }  // namespace op_detail
+
+inline void op_ReadPair(FILE* f, int isDouble, double* time, double* value) {
+    if (isDouble ? op_detail::TakeRecord<double>(f, time, value) : op_detail::TakeRecord<float>(f, time, value)) return;
+    op_detail::ReadPairFull(f, isDouble, time, value);
+}
 
 // The common case (an ordinary record already in the stream's buffer) is
 // inlined into the caller's loop, so reading 10^7 records costs little more

@@ -17,7 +17,7 @@ constexpr int kTextLineBuffer = 80;
 bool ReadRecord(FILE* f, int isDouble, bool binary, double* time, double* value) {
     if (binary) {
         op_ReadPair(f, isDouble, time, value);
-        return !std::feof(f) && !std::ferror(f);
+        return !::feof_unlocked(f) && !::ferror_unlocked(f);
     }
     char line[kTextLineBuffer];
     if (!std::fgets(line, kTextLineBuffer, f)) return false;
@@ -31,7 +31,6 @@ bool ReadRecord(FILE* f, int isDouble, bool binary, double* time, double* value)
 // fread takes on every record is pure cost on files of 10^7 records.
 template <typename T>
 static void ReadTwo(FILE* f, double* time, double* value) {
-    if (op_detail::TakeRecord<T>(f, time, value)) return;
     T rec[2];
     if (::fread_unlocked(rec, sizeof rec, 1, f) == 1) {
         *time = rec[0];
@@ -39,7 +38,7 @@ static void ReadTwo(FILE* f, double* time, double* value) {
     }
 }
 
-void op_ReadPair(FILE* f, int isDouble, double* time, double* value) {
+void op_detail::ReadPairFull(FILE* f, int isDouble, double* time, double* value) {
     if (isDouble) {
         ReadTwo<double>(f, time, value);
     } else {
@@ -84,7 +83,7 @@ int op_SeekRep(FILE* f, int isDouble, int rep, int* repFound, bool binary) {
         *repFound = 1;
         while (*repFound < rep) {
             bool got = ReadRecord(f, isDouble, binary, &time, &value);
-            if (std::ferror(f)) return IDS_READ_ERROR;
+            if (::ferror_unlocked(f)) return IDS_READ_ERROR;
             if (!got) break;
             if (time > -1.0 || value == MARK_SKIP) continue;
             ++*repFound;
@@ -92,7 +91,7 @@ int op_SeekRep(FILE* f, int isDouble, int rep, int* repFound, bool binary) {
         if (*repFound == rep) {
             long pos = std::ftell(f);
             bool got = ReadRecord(f, isDouble, binary, &time, &value);
-            if (std::ferror(f)) return IDS_READ_ERROR;
+            if (::ferror_unlocked(f)) return IDS_READ_ERROR;
             if (!got) {
                 *repFound = 0;
                 return IDS_INVALID_REP_TREATMENT;
@@ -188,11 +187,11 @@ int op_CountReps(const char* path) {
     double value = 0.0;
     for (;;) {
         op_ReadPair(f, h.isDouble, &time, &value);
-        if (std::ferror(f)) {
+        if (::ferror_unlocked(f)) {
             std::fclose(f);
             return IDS_READ_ERROR;
         }
-        if (std::feof(f)) break;
+        if (::feof_unlocked(f)) break;
         if (time <= -1.0 && value != MARK_SKIP) {
             ++count;
             if (value == MARK_END) {

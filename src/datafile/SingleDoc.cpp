@@ -55,7 +55,7 @@ void CSingleDoc::BuildIndex() {
     double value = 0.0;
     for (;;) {
         op_ReadPair(m_pFile, m_nIsDouble, &time, &value);
-        if (std::feof(m_pFile) || std::ferror(m_pFile)) break;
+        if (::feof_unlocked(m_pFile) || ::ferror_unlocked(m_pFile)) break;
         if (time > -1.0) {
             ++current->m_nObsCount;
             continue;
