@@ -3,9 +3,27 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <ostream>
+#include <iostream>
 
-CliHost::CliHost(std::ostream& err) : m_err(&err), m_terminal(::isatty(STDERR_FILENO) != 0) {}
+#include "framework/Dialog.h"
+#include "framework/Frame.h"
+#include "report/TextView.h"
+
+CliHost::CliHost(std::ostream& err) : CliHost(std::cout, err) {}
+
+CliHost::CliHost(std::ostream& out, std::ostream& err)
+    : m_out(&out), m_err(&err), m_terminal(::isatty(STDERR_FILENO) != 0) {}
+
+int CliHost::RunDialog(CDialog& dlg) {
+    if (!m_filler || !m_filler(dlg)) return IDCANCEL;
+    return dlg_ValidateOnOK(dlg) == 0 ? IDOK : IDCANCEL;
+}
+
+void CliHost::ShowFrame(std::unique_ptr<CDocFrame> frame) {
+    if (m_frameHandler) return m_frameHandler(*frame, *m_out);
+    for (const auto& v : frame->Views())
+        if (const auto* text = dynamic_cast<const CTextView*>(v.get())) *m_out << text->GetText();
+}
 
 int CliHost::ShowMessage(int, const std::string& text, unsigned style) {
     if (m_lastPercent >= 0) {

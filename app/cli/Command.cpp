@@ -5,6 +5,8 @@
 
 #include "CliHost.h"
 #include "framework/Config.h"
+#include "framework/DocTemplate.h"
+#include "group/Startup.h"
 
 namespace {
 
@@ -65,10 +67,14 @@ int cli_Run(const std::vector<std::string>& args, CliIO& io) {
         return status == 0 ? 0 : 2;
     }
 
-    CliHost host(io.err);
+    CliHost host(io.out, io.err);
     CliHost* previousCli = g_host;
     g_host = &host;
     ScopedHost scope(&host);
+    // Each command line is one run of the application: its templates, and
+    // dialogs that start empty.
+    CWinApp application;
+    InitOutputProcessor2(&application);
     int previousPrecision = cfg_GetDoublePrecOutput();
     if (single) cfg_SetDoublePrecOutput(0);
 
@@ -80,6 +86,7 @@ int cli_Run(const std::vector<std::string>& args, CliIO& io) {
         io.err << e.what() << std::endl;
         status = 2;
     }
+    ShutdownOutputProcessor();
     cfg_SetDoublePrecOutput(previousPrecision);
     g_host = previousCli;
     return status;

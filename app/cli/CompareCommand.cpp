@@ -6,15 +6,12 @@
 
 #include "Command.h"
 #include "FileArgs.h"
-#include "GraphOutput.h"
+#include "GraphEntry.h"
 #include "graph/IntervalViews.h"
-#include "framework/Host.h"
-#include "report/TextView.h"
+#include "group/Commands.h"
 #include "stats/ComprDoc.h"
-#include "stats/ComprTextView.h"
-#include "stats/PairDialogs.h"
 #include "stats/VarDoc.h"
-#include "stats/VarTextView.h"
+#include "stats/PairDialogs.h"
 
 namespace {
 
@@ -25,6 +22,7 @@ struct Options {
     bool scale = false;
     std::vector<std::string> files;
     SvgOptions svg;
+    CliGroup group;
 };
 Options g_compare;
 Options g_vartest;
@@ -39,40 +37,23 @@ void AddCommon(CLI::App* sub, Options& o) {
     sub->add_flag("--scale", o.scale, "Show the scale on the chart");
     sub->add_option("FILE", o.files, kFilesHelp);
     cli_AddSvgOptions(sub, o.svg, false);
+    o.group.AddOption(sub);
 }
 
-void FillPairs(CBasePairsDlg& dlg, const Options& o) {
+// The pair list as the dialog takes it; an odd count is a usage error.
+std::vector<FileArg> PairFiles(Options& o) {
     if (o.files.size() % 2 != 0)
         throw CLI::ValidationError("FILE", "files come in pairs (A B); " + std::to_string(o.files.size()) +
                                                " files were given");
+    return o.group.ParseFileArgs(o.files);
+}
+
+void FillPairs(CBasePairsDlg& dlg, const Options& o, const std::vector<FileArg>& files) {
     dlg.m_strLevel = o.level;
     dlg.m_strTitle = o.title;
     dlg.m_bScale = o.scale;
-    for (const std::string& f : o.files) {
-        FileArg a = cli_ParseFileArg(f);
-        dlg.AddFile(a.path, a.reps);
-    }
-}
-
-// Validation, document and report as in the desktop program.
-template <typename Dlg, typename Doc, typename View, typename Graph>
-int RunPairs(Dlg& dlg, const Options& o, int captionId, CliIO& io) {
-    int index = 0;
-    if (int id = dlg.Validate(&index)) {
-        AfxMessageBox(id);
-        return cli_Status(id);
-    }
-    Doc doc;
-    if (int rc = doc.InitFromDialog(dlg)) {
-        AfxMessageBox(rc);
-        return cli_Status(rc);
-    }
-    View view;
-    view.SetDocument(&doc);
-    io.out << txt_ReportText(view);
-    Graph graph;
-    graph.SetDocument(&doc);
-    return cli_Status(cli_WriteGraphSvg(o.svg, captionId, doc.m_strTitle, graph));
+    dlg.m_items.clear();
+    for (const FileArg& f : files) dlg.AddFile(f.path, f.reps);
 }
 
 CLI::App* SetupCompare(CLI::App& app) {
@@ -85,11 +66,13 @@ CLI::App* SetupCompare(CLI::App& app) {
     return sub;
 }
 
-int RunCompare(CliIO& io) {
-    CComprDlg dlg;
-    FillPairs(dlg, g_compare);
-    dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
-    return RunPairs<CComprDlg, CComprDoc, CComprTextView, CComprView>(dlg, g_compare, 16020, io);
+int RunCompare(CliIO&) {
+    std::vector<FileArg> files = PairFiles(g_compare);
+    return cli_RunGraphEntry<CComprDlg, CComprDoc, CComprView>(g_OnComparison, g_compare.group, g_compare.svg,
+                                                               [&](CComprDlg& dlg) {
+        FillPairs(dlg, g_compare, files);
+        dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
+    });
 }
 
 CLI::App* SetupVartest(CLI::App& app) {
@@ -99,10 +82,10 @@ CLI::App* SetupVartest(CLI::App& app) {
     return sub;
 }
 
-int RunVartest(CliIO& io) {
-    CVarDlg dlg;
-    FillPairs(dlg, g_vartest);
-    return RunPairs<CVarDlg, CVarDoc, CVarTextView, CVarView>(dlg, g_vartest, 16026, io);
+int RunVartest(CliIO&) {
+    std::vector<FileArg> files = PairFiles(g_vartest);
+    return cli_RunGraphEntry<CVarDlg, CVarDoc, CVarView>(g_OnVartest, g_vartest.group, g_vartest.svg,
+                                                         [&](CVarDlg& dlg) { FillPairs(dlg, g_vartest, files); });
 }
 
 CommandRegistrar g_regCompare(300, SetupCompare, RunCompare);
@@ -114,8 +97,8 @@ DemoRegistrar g_demoDesign({500,
                             ""});
 DemoRegistrar g_demoPaired({510,
                             "Paired-t: average wait per replication, sample system against the faster server",
-                            {"compare", "--title", "Faster server", "meanwait.dat@Lumped", "faster/meanwait.dat@Lumped",
-                             "--svg", "compare-paired.svg"},
+                            {"compare", "--title", "Faster server", "--group", "samples.dgr", "#5@Lumped",
+                             "faster/meanwait.dat@Lumped", "--svg", "compare-paired.svg"},
                             "compare-paired.svg"});
 DemoRegistrar g_demoTwoSample({520,
                                "Two-sample-t: the waits of replication 1 against replication 2, and every "

@@ -1,16 +1,11 @@
 // oproc correlogram FILE [--reps TEXT] [--title TEXT] --max-lags TEXT [--out PATH]:
 // autocovariances and autocorrelations of a data file's observations.
-#include <filesystem>
-#include <ostream>
-
 #include "Command.h"
-#include "GraphOutput.h"
+#include "GraphEntry.h"
 #include "graph/CorrView.h"
-#include "framework/Host.h"
-#include "report/TextView.h"
-#include "series/CorrDlg.h"
+#include "group/Commands.h"
 #include "series/CorrDoc.h"
-#include "series/CorrTextView.h"
+#include "series/CorrDlg.h"
 
 namespace {
 
@@ -21,63 +16,43 @@ struct Options {
     std::string maxLags;
     std::string out;
     SvgOptions svg;
+    CliGroup group;
 };
 Options g_opt;
 
 CLI::App* Setup(CLI::App& app) {
     g_opt = Options{};
     CLI::App* sub = app.add_subcommand("correlogram", "Autocovariances and autocorrelations of a data file");
-    sub->add_option("FILE", g_opt.file, "Data file (observations: Tally, Output or Filtered)")->required();
+    sub->add_option("FILE", g_opt.file, "Data file (observations: Tally, Output or Filtered; #N: of the --group)")
+        ->required();
     sub->add_option("--reps", g_opt.reps, "Replications: a number, \"All\" or \"Lumped\" (empty: the first)");
     sub->add_option("--title", g_opt.title, "Title of the summary and of the saved file");
     sub->add_option("--max-lags", g_opt.maxLags, "Largest lag, 1 to 9999")->required();
     sub->add_option("--out", g_opt.out, "Save the correlations in this data file (.cor added when no extension)");
     cli_AddSvgOptions(sub, g_opt.svg, false);
+    g_opt.group.AddOption(sub);
     return sub;
 }
 
-// The dialog's fields from the command line, then the same exchange,
-// validation and document as in the desktop program.
-int Correlogram(const Options& o, CliIO& io) {
-    CCorrDlg dlg;
-    dlg.m_strFile = o.file;
-    dlg.m_strReps = o.reps;
-    dlg.m_strTitle = o.title;
-    dlg.m_strMaxLags = o.maxLags;
-    dlg.m_strOutFile = o.out;
-    if (!dlg.m_strOutFile.empty() && !std::filesystem::path(dlg.m_strOutFile).has_extension())
-        dlg.m_strOutFile += ".cor";
-    std::string fieldMessage;
-    if (!dlg.ExchangeFields(&fieldMessage)) {
-        AfxMessageBox(fieldMessage);
-        return cli_Status(1);
-    }
-    int index = 0;
-    if (int id = dlg.Validate(&index)) {
-        AfxMessageBox(id);
-        return cli_Status(id);
-    }
-    CCorrDoc doc;
-    if (int rc = doc.InitFromDialog(dlg)) {
-        if (rc != CCorrDoc::kOpenFailed) AfxMessageBox(rc);
-        return cli_Status(rc);
-    }
-    CCorrTextView view;
-    view.SetDocument(&doc);
-    io.out << txt_ReportText(view);
-    CCorrView graph;
-    graph.SetDocument(&doc);
-    return cli_Status(cli_WriteGraphSvg(o.svg, 16032, doc.GetTitle().empty() ? o.file : doc.GetTitle(), graph));
+// The dialog's fields from the command line; the command entry does the rest
+// as in the desktop program, the ".cor" of an output name included.
+int Run(CliIO&) {
+    std::string file = g_opt.group.Resolve(g_opt.file);
+    return cli_RunGraphEntry<CCorrDlg, CCorrDoc, CCorrView>(g_OnCorrelogram, g_opt.group, g_opt.svg, [&](CCorrDlg& dlg) {
+        dlg.m_strFile = file;
+        dlg.m_strReps = g_opt.reps;
+        dlg.m_strTitle = g_opt.title;
+        dlg.m_strMaxLags = g_opt.maxLags;
+        dlg.m_strOutFile = g_opt.out;
+    });
 }
-
-int Run(CliIO& io) { return Correlogram(g_opt, io); }
 
 CommandRegistrar g_reg(320, Setup, Run);
 
 DemoRegistrar g_demo({540,
                       "Correlogram of the waits in replication 1, saved as waits.cor",
-                      {"correlogram", "waits.dat", "--reps", "1", "--title", "Waits, replication 1", "--max-lags",
-                       "50", "--out", "waits.cor", "--svg", "correlogram.svg"},
+                      {"correlogram", "--group", "samples.dgr", "#1", "--reps", "1", "--title", "Waits, replication 1",
+                       "--max-lags", "50", "--out", "waits", "--svg", "correlogram.svg"},
                       "correlogram.svg"});
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "Command.h"
+#include "GroupArgs.h"
 #include "datafile/DataFile.h"
 #include "datafile/SingleDoc.h"
 #include "framework/Host.h"
@@ -11,11 +12,13 @@
 namespace {
 
 std::vector<std::string> g_files;
+CliGroup g_group;
 
 CLI::App* Setup(CLI::App& app) {
     g_files.clear();
     CLI::App* sub = app.add_subcommand("info", "Show the header and replications of data files");
-    sub->add_option("FILE", g_files, "Data files")->required();
+    sub->add_option("FILE", g_files, "Data files (#N: the Nth file of the --group)")->required();
+    g_group.AddOption(sub);
     return sub;
 }
 
@@ -60,7 +63,10 @@ int Describe(const std::string& path, CliIO& io) {
 
 int Run(CliIO& io) {
     int rc = 0;
-    for (const std::string& f : g_files)
+    std::vector<std::string> files;
+    for (const std::string& f : g_files) files.push_back(g_group.Resolve(f));
+    if (int r = g_group.Open()) return cli_Status(r);
+    for (const std::string& f : files)
         if (int r = Describe(f, io); r && !rc) rc = r;
     return cli_Status(rc);
 }

@@ -9,6 +9,11 @@
 
 class CDialog : public CObject {
 public:
+    // The framework's field exchange that precedes validation: typed fields
+    // with a fixed type and range (a whole number from 0 to 9999) are taken
+    // into their values. False with the framework's message text.
+    virtual bool ExchangeFields(std::string* /*message*/) { return true; }
+
     // Returns 0 or the message id of the first failing check. For list dialogs
     // failingIndex receives the row at fault; it may be null.
     virtual int Validate(int* failingIndex) = 0;
@@ -16,9 +21,18 @@ public:
     // Control that takes the focus after the last failed Validate; empty when none.
     const std::string& FocusControl() const { return m_focus; }
 
+    // Runs the dialog through the host; IDOK or IDCANCEL.
+    int DoModal();
+
 protected:
     void SetFocusControl(std::string control) { m_focus = std::move(control); }
 
 private:
     std::string m_focus;
 };
+
+// What pressing OK does: exchanges the fields, then validates; a failure shows
+// its message (a pair check's negated id is shown as the id) so the user can
+// correct the field. Returns 0 when the dialog may close, else the failing id
+// (-1 for a failed exchange).
+int dlg_ValidateOnOK(CDialog& dlg);

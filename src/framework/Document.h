@@ -17,8 +17,11 @@ public:
 
     virtual bool OnNewDocument();
     virtual bool OnOpenDocument(const char* path);
+    // Saves through Serialize, reporting a failure; on success the document
+    // takes path as its name and is no longer modified.
+    virtual bool OnSaveDocument(const char* path);
     virtual void OnCloseDocument();
-    virtual void Serialize(CArchive& ar);
+    void Serialize(CArchive& ar) override;
     virtual void DeleteContents() {}
 
     // addToMRU is kept for the framework's signature; there is no recent-file list.
@@ -28,6 +31,18 @@ public:
     const std::string& GetTitle() const { return m_title; }
     void SetModifiedFlag(bool modified = true) { m_modified = modified; }
     bool IsModified() const { return m_modified; }
+
+    // Replaces the contents with what Serialize reads from the archive file at
+    // path. 0 or the message id to show; nothing is shown here.
+    int ReadArchiveFile(const char* path);
+    // Writes the archive file through Serialize; the file at path is replaced
+    // only when the whole archive was written. 0 or the message id to show.
+    int WriteArchiveFile(const char* path);
+
+protected:
+    // The framework's load for documents kept in archive files: a failure is
+    // reported and leaves the document empty.
+    bool LoadArchive(const char* path);
 
 private:
     std::string m_path;

@@ -1,5 +1,7 @@
 #include "framework/Host.h"
 
+#include "framework/Dialog.h"
+#include "framework/Frame.h"
 #include "framework/Messages.h"
 
 namespace {
@@ -15,6 +17,14 @@ public:
 
 SilentHost g_silent;
 IHost* g_host = &g_silent;
+unsigned long g_messageCount = 0;
+int g_lastMessageId = 0;
+
+int Shown(int id, int answer) {
+    ++g_messageCount;
+    g_lastMessageId = id;
+    return answer;
+}
 
 }  // namespace
 
@@ -26,6 +36,24 @@ IHost* host_Set(IHost* host) {
     return previous == &g_silent ? nullptr : previous;
 }
 
-int AfxMessageBox(int id, unsigned style) { return g_host->ShowMessage(id, msg_Text(id), style); }
+int IHost::ShowCaptionedMessage(int id, const std::string& text, const std::string&, unsigned style) {
+    return ShowMessage(id, text, style);
+}
 
-int AfxMessageBox(const std::string& text, unsigned style) { return g_host->ShowMessage(0, text, style); }
+int IHost::RunDialog(CDialog& dlg) { return dlg_ValidateOnOK(dlg) == 0 ? IDOK : IDCANCEL; }
+
+void IHost::ShowFrame(std::unique_ptr<CDocFrame>) {}
+
+std::string IHost::AskOpenFileName(const std::string&, const std::string&) { return {}; }
+
+int AfxMessageBox(int id, unsigned style) { return Shown(id, g_host->ShowMessage(id, msg_Text(id), style)); }
+
+int AfxMessageBox(const std::string& text, unsigned style) { return Shown(0, g_host->ShowMessage(0, text, style)); }
+
+int AfxMessageBox(int id, int captionId, unsigned style) {
+    return Shown(id, g_host->ShowCaptionedMessage(id, msg_Text(id), msg_Text(captionId), style));
+}
+
+unsigned long host_MessageCount() { return g_messageCount; }
+
+int host_LastMessageId() { return g_lastMessageId; }

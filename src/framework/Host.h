@@ -2,7 +2,11 @@
 // or a desktop window). The core never talks to a user directly.
 #pragma once
 
+#include <memory>
 #include <string>
+
+class CDialog;
+class CDocFrame;
 
 // Message box styles and answers, as the core uses them.
 enum : unsigned { MB_OK = 0x0, MB_YESNO = 0x4, MB_ICONQUESTION = 0x20 };
@@ -16,8 +20,25 @@ public:
     // Returns the user's answer (IDOK for a plain message).
     virtual int ShowMessage(int id, const std::string& text, unsigned style) = 0;
 
+    // Shows a message under a caption of its own. By default the caption is dropped.
+    virtual int ShowCaptionedMessage(int id, const std::string& text, const std::string& caption, unsigned style);
+
     // Reports progress of long work; done and total in any common unit.
     virtual void Progress(const char* /*what*/, double /*done*/, double /*total*/) {}
+
+    // Runs a parameter dialog modally: a desktop host shows it and lets the
+    // user edit until OK passes validation (dlg_ValidateOnOK) or Cancel; a
+    // headless host fills it from elsewhere. Returns IDOK or IDCANCEL. By
+    // default the dialog is taken as it stands.
+    virtual int RunDialog(CDialog& dlg);
+
+    // Takes a new document window, titled and filled, and shows it until the
+    // user closes it. By default it is closed at once.
+    virtual void ShowFrame(std::unique_ptr<CDocFrame> frame);
+
+    // Asks for an existing file to open; empty when cancelled (the default).
+    // defaultExt is like "*.dat", filter like "Name (*.dat)|*.dat|...||".
+    virtual std::string AskOpenFileName(const std::string& defaultExt, const std::string& filter);
 };
 
 // The current host; a silent default until a host installs itself.
@@ -27,6 +48,13 @@ IHost* host_Set(IHost* host);
 
 int AfxMessageBox(int id, unsigned style = MB_OK);
 int AfxMessageBox(const std::string& text, unsigned style = MB_OK);
+// A message with a caption, both string ids.
+int AfxMessageBox(int id, int captionId, unsigned style);
+
+// Messages shown so far through AfxMessageBox, and the id of the last one (0
+// for free text): lets a caller tell whether a callee already reported a failure.
+unsigned long host_MessageCount();
+int host_LastMessageId();
 
 // Installs a host for the life of a scope, then puts the previous one back.
 class ScopedHost {

@@ -173,6 +173,9 @@ const Entry kTable[] = {
     {16397, "\nLoad\n\n\n\n\n"},
     {16398, "\nTable\n\n\n\n\n"},
     {16399, "\nStdInterval\n\n\n\n\n"},
+    {61697, "Failed to open document."},
+    {61698, "Failed to save document."},
+    {61699, "Unexpected file format."},
     {61700, "Please enter a number between 0 and 999999."},
 };
 

@@ -39,6 +39,10 @@ enum MessageId : int {
     IDS_TEXT_TOO_LONG = 15944,
     IDS_TEMP_FILE_ERROR = 15945,
     IDS_ERROR_ACCESSING_FILE = 16050,
+    // The framework's own messages, above the component's range.
+    IDS_FAILED_TO_OPEN_DOC = 61697,
+    IDS_FAILED_TO_SAVE_DOC = 61698,
+    IDS_BAD_FORMAT = 61699,
     // The dialog framework's own range check of a real edit holding 0 to 999999.
     IDP_REAL_RANGE_0_999999 = 61700,
 };

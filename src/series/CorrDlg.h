@@ -22,7 +22,7 @@ public:
 
     // The framework's field exchange before validation: the maximum lags must
     // be an integer from 0 to 9999. False with the framework's text.
-    bool ExchangeFields(std::string* message);
+    bool ExchangeFields(std::string* message) override;
     int Validate(int* failingIndex) override;
 };
 

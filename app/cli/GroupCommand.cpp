@@ -1,0 +1,180 @@
+// oproc group new|add|remove|list G.dgr: make and keep data groups, the list
+// of data files that analyses start from.
+#include <cstdio>
+#include <filesystem>
+#include <ostream>
+#include <set>
+
+#include "Command.h"
+#include "framework/Host.h"
+#include "framework/Messages.h"
+#include "group/OutputDoc.h"
+#include "group/OutputView.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Options {
+    std::string group;
+    std::vector<std::string> files;
+    std::vector<int> indexes;
+    bool force = false;
+    CLI::App* newCmd = nullptr;
+    CLI::App* addCmd = nullptr;
+    CLI::App* removeCmd = nullptr;
+    CLI::App* listCmd = nullptr;
+};
+Options g_opt;
+
+CLI::App* Setup(CLI::App& app) {
+    g_opt = Options{};
+    CLI::App* sub = app.add_subcommand("group", "Make and keep data groups (.dgr): lists of data files to analyse");
+    sub->require_subcommand(1);
+    const char* groupHelp = "Data group file (.dgr is added to a name without extension)";
+
+    g_opt.newCmd = sub->add_subcommand("new", "Make an empty data group");
+    g_opt.newCmd->add_option("GROUP", g_opt.group, groupHelp)->required();
+    g_opt.newCmd->add_flag("--force", g_opt.force, "Replace an existing group file");
+
+    g_opt.addCmd = sub->add_subcommand("add", "Add data files to the end of a data group");
+    g_opt.addCmd->add_option("GROUP", g_opt.group, groupHelp)->required();
+    g_opt.addCmd->add_option("FILE", g_opt.files, "Data files")->required();
+
+    g_opt.removeCmd = sub->add_subcommand("remove", "Remove files from a data group by their numbers in its list");
+    g_opt.removeCmd->add_option("GROUP", g_opt.group, groupHelp)->required();
+    g_opt.removeCmd->add_option("INDEX", g_opt.indexes, "Numbers of the files, as group list shows them")
+        ->required()
+        ->check(CLI::PositiveNumber);
+
+    g_opt.listCmd = sub->add_subcommand("list", "List the files of a data group, refreshing the lines of changed files");
+    g_opt.listCmd->add_option("GROUP", g_opt.group, groupHelp)->required();
+
+    sub->footer(
+        "Each line of a group shows the file's path, its number of replications, its data kind and\n"
+        "its title. Analyses take a group with --group GROUP and its files as #N (#N@REPS).");
+    return sub;
+}
+
+// Puts the shell's current directory back: opening a group makes its folder current.
+class ShellDir {
+public:
+    ShellDir() : m_dir(fs::current_path(m_ec)) {}
+    ~ShellDir() {
+        if (!m_ec) fs::current_path(m_dir, m_ec);
+    }
+    // A command-line path as the shell means it.
+    std::string Absolute(const std::string& path) const { return (m_dir / path).lexically_normal().string(); }
+
+private:
+    std::error_code m_ec;
+    fs::path m_dir;
+};
+
+std::string GroupPath(const std::string& name) {
+    fs::path p(name);
+    if (!p.has_extension()) p += ".dgr";
+    return p.string();
+}
+
+void PrintList(const COutputView& view, std::ostream& out) {
+    char number[16];
+    for (int i = 0; i < view.List().GetCount(); ++i) {
+        std::snprintf(number, sizeof number, "#%-3d ", i + 1);
+        out << number << view.List().GetText(i) << '\n';
+    }
+}
+
+int New(CliIO&) {
+    std::string path = GroupPath(g_opt.group);
+    std::error_code ec;
+    if (fs::exists(path, ec) && !g_opt.force) {
+        AfxMessageBox(path + " already exists; give --force to replace it with an empty group.");
+        return cli_Status(0);
+    }
+    COutputDoc doc;
+    doc.OnNewDocument();
+    return cli_Status(doc.OnSaveDocument(path.c_str()) ? 0 : IDS_FAILED_TO_SAVE_DOC);
+}
+
+// Opens the group for a change; the shell's paths are fixed before the
+// group's folder becomes current.
+bool OpenGroup(COutputDoc& doc, const std::string& path) {
+    std::error_code ec;
+    if (!fs::is_regular_file(path, ec)) {
+        AfxMessageBox(IDS_FILE_NOT_FOUND);
+        return false;
+    }
+    return doc.OnOpenDocument(path.c_str());
+}
+
+int Add(CliIO& io) {
+    ShellDir shell;
+    std::string path = shell.Absolute(GroupPath(g_opt.group));
+    std::vector<std::string> files;
+    for (const std::string& f : g_opt.files) files.push_back(shell.Absolute(f));
+    COutputDoc doc;
+    if (!OpenGroup(doc, path)) return cli_Status(0);
+    COutputView view(&doc);
+    view.OnUpdate();
+    for (const std::string& f : files) {
+        std::error_code ec;
+        // What a file-open dialog would offer: existing files only.
+        if (!fs::is_regular_file(f, ec)) {
+            AfxMessageBox(IDS_FILE_NOT_FOUND);
+            continue;
+        }
+        view.AddFile(f);
+    }
+    if (doc.IsModified() && !doc.OnSaveDocument(path.c_str())) return cli_Status(0);
+    PrintList(view, io.out);
+    return cli_Status(0);
+}
+
+int Remove(CliIO& io) {
+    ShellDir shell;
+    std::string path = shell.Absolute(GroupPath(g_opt.group));
+    COutputDoc doc;
+    if (!OpenGroup(doc, path)) return cli_Status(0);
+    std::set<int> doomed(g_opt.indexes.begin(), g_opt.indexes.end());
+    for (int n : doomed)
+        if (n > doc.GetItemCount())
+            throw CLI::ValidationError("INDEX", std::to_string(n) + " is not in the group, which holds " +
+                                                    std::to_string(doc.GetItemCount()) + " files");
+    // From the back, so that the numbers keep naming the files the user saw.
+    for (auto it = doomed.rbegin(); it != doomed.rend(); ++it) doc.RemoveItem(*it - 1);
+    if (!doc.OnSaveDocument(path.c_str())) return cli_Status(0);
+    COutputView view(&doc);
+    view.OnUpdate();
+    PrintList(view, io.out);
+    return cli_Status(0);
+}
+
+int List(CliIO& io) {
+    ShellDir shell;
+    std::string path = shell.Absolute(GroupPath(g_opt.group));
+    COutputDoc doc;
+    if (!OpenGroup(doc, path)) return cli_Status(0);
+    COutputView view(&doc);
+    view.OnInitialUpdate();
+    PrintList(view, io.out);
+    return cli_Status(0);
+}
+
+int Run(CliIO& io) {
+    if (g_opt.newCmd->parsed()) return New(io);
+    if (g_opt.addCmd->parsed()) return Add(io);
+    if (g_opt.removeCmd->parsed()) return Remove(io);
+    return List(io);
+}
+
+CommandRegistrar g_reg(15, Setup, Run);
+
+DemoRegistrar g_demoNew({12, "A data group of the sample files", {"group", "new", "--force", "samples.dgr"}, ""});
+DemoRegistrar g_demoAdd({13,
+                         "The files join the group; each line shows replications, data kind and title",
+                         {"group", "add", "samples.dgr", "waits.dat", "queue.dat", "workload.dat", "served.dat",
+                          "meanwait.dat"},
+                         ""});
+
+}  // namespace

@@ -1,0 +1,17 @@
+#include "framework/Dialog.h"
+
+#include "framework/Host.h"
+
+int CDialog::DoModal() { return host_Get().RunDialog(*this); }
+
+int dlg_ValidateOnOK(CDialog& dlg) {
+    std::string message;
+    if (!dlg.ExchangeFields(&message)) {
+        AfxMessageBox(message);
+        return -1;
+    }
+    int row = -1;
+    int rc = dlg.Validate(&row);
+    if (rc) AfxMessageBox(rc < 0 ? -rc : rc);
+    return rc;
+}

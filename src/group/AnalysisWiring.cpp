@@ -1,0 +1,12 @@
+// The analyses built into this program. Each one's registration function is
+// defined beside its classes; an analysis not called here keeps its template
+// and its command reports that it is not available.
+#include "group/Startup.h"
+
+void grp_RegisterPairs();        // stats/PairRegistration.cpp: Comparison, Vartest
+void grp_RegisterCorrelogram();  // series/CorrRegistration.cpp
+
+void grp_RegisterAnalyses() {
+    grp_RegisterPairs();
+    grp_RegisterCorrelogram();
+}

@@ -1,0 +1,52 @@
+// The data group document: an ordered list of data files saved as a .dgr file.
+// The file is a document header (type ".DGR", version 1) followed by the items
+// as an object array of CDGItem.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "framework/DocHdr.h"
+#include "framework/Document.h"
+#include "group/DGItem.h"
+
+class CListBox;
+
+inline constexpr char kGroupType[] = ".DGR";
+inline constexpr int kGroupVersion = 1;
+
+class COutputDoc : public CDocument {
+public:
+    COutputDoc() = default;
+    ~COutputDoc() override;
+
+    // Sets up the data-file layer; a new group is empty.
+    bool OnNewDocument() override;
+    // Makes the group's folder the current directory, so that relative paths
+    // and temporary files resolve there, then loads the group.
+    bool OnOpenDocument(const char* path) override;
+    void Serialize(CArchive& ar) override;
+    void DeleteContents() override;
+
+    // Takes item and inserts it at index (clamped to the list); returns 1.
+    int InsertItem(int index, std::unique_ptr<CDGItem> item);
+    // Removes and deletes the item at index; 1, or 0 for an index not in the list.
+    int RemoveItem(int index);
+    // The item at index; null for an index not in the list.
+    CDGItem* GetItem(int index) const;
+    int GetItemCount() const { return static_cast<int>(m_items.size()); }
+    // Index of the item for the same file as path; -1 when none.
+    int FindItem(const std::string& path) const;
+    // Adds every item's description to list, in order.
+    void FillList(CListBox& list) const;
+
+    DocHdr m_hdr;
+
+private:
+    std::vector<std::unique_ptr<CDGItem>> m_items;
+};
+
+// The form of a path used to tell whether two paths name the same file:
+// absolute, with "." and ".." and symbolic links resolved as far as they exist.
+std::string grp_SameFileKey(const std::string& path);

@@ -1,0 +1,11 @@
+// The correlogram in the command spine; its output file takes ".cor" when typed without extension.
+#include "group/AnalysisFactory.h"
+#include "series/CorrDlg.h"
+#include "series/CorrDoc.h"
+#include "series/CorrTextView.h"
+
+void grp_RegisterCorrelogram() {
+    AnalysisFactory f = grp_MakeAnalysis<CCorrDlg, CCorrDoc, CCorrTextView>();
+    f.outputFile = [](CDialog& dlg) { return &static_cast<CCorrDlg&>(dlg).m_strOutFile; };
+    grp_SetAnalysis("Correlogram", f);
+}

@@ -1,0 +1,350 @@
+// Start-up's templates and the common flow of the command entries, run with a
+// stand-in analysis installed into real templates.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "framework/DocTemplate.h"
+#include "framework/Messages.h"
+#include "graph/FileDialogs.h"
+#include "group/AnalysisFactory.h"
+#include "group/Commands.h"
+#include "group/OutputDoc.h"
+#include "group/OutputView.h"
+#include "group/RecordingHost.h"
+#include "group/Startup.h"
+#include "report/TextView.h"
+
+namespace {
+
+TEST(Startup, RegistersNineteenTemplatesInOrder) {
+    struct Expected {
+        int id;
+        const char* name;
+        const char* doc;
+        const char* frame;
+        const char* view;
+    };
+    // The registration table of the component, in its order.
+    const Expected expected[] = {
+        {16380, "Output", "COutputDoc", "COutputViewFrame", "COutputView"},
+        {16393, "Append", "CAppendDoc", "CBaseWnd", "CAppendView"},
+        {16381, "Barchart", "CBarchDoc", "CBaseWnd", "CBarchartView"},
+        {16382, "Comparison", "CComprDoc", "CBaseWndSplit", "CComprView"},
+        {16383, "Correlogram", "CCorrDoc", "CBaseWndSplit", "CCorrView"},
+        {16394, "Diffile", "CDiffDoc", "CBaseWnd", "CDiffView"},
+        {16392, "Export", "CExprtDoc", "CBaseWnd", "CExprtView"},
+        {16395, "BatchTruncate", "CFiltrDoc", "CBaseWnd", "CFiltrView"},
+        {16384, "Histogram", "CHistDoc", "CBaseWndSplit", "CHistView"},
+        {16396, "Import", "CImprtDoc", "CBaseWnd", "CImprtView"},
+        {16385, "Intervals", "CIntrvlDoc", "CBaseWndSplit", "CIntrvlView"},
+        {16397, "Load", "CLoadDoc", "CBaseWnd", "CLoadView"},
+        {16386, "MovingAverage", "CMoveDoc", "CBaseWndSplit", "CMovView"},
+        {16387, "OnewayVariance", "COnewyDoc", "CBaseWndSplit", "COnewyView"},
+        {16388, "Plot", "CPlotDoc", "CBaseWndSplit", "CPlotView"},
+        {16389, "SdIntervals", "CSdIntDoc", "CBaseWndSplit", "CSdIntView"},
+        {16399, "StdInterval", "CStdIntrvlDoc", "CBaseWndSplit", "CStdIntView"},
+        {16398, "Table", "CTableDoc", "CBaseWnd", "CTableView"},
+        {16390, "Vartest", "CVarDoc", "CBaseWndSplit", "CVarView"},
+    };
+    CWinApp app;
+    InitOutputProcessor2(&app);
+    std::vector<CDocTemplate*> templates = app.GetDocTemplates();
+    ASSERT_EQ(templates.size(), std::size(expected));
+    for (std::size_t i = 0; i < templates.size(); ++i) {
+        const CDocTemplate& t = *templates[i];
+        const Expected& e = expected[i];
+        std::string name;
+        EXPECT_EQ(t.GetResourceId(), e.id) << i;
+        EXPECT_TRUE(t.GetDocString(name, CDocTemplate::docName));
+        EXPECT_EQ(name, e.name);
+        EXPECT_EQ(t.DocClass(), e.doc);
+        EXPECT_EQ(t.FrameClass(), e.frame);
+        EXPECT_EQ(t.ViewClass(), e.view);
+        // Every window shows the data group's menu.
+        EXPECT_EQ(t.GetMenu(), 16380) << e.name;
+        if (i > 0) {
+            std::string field;
+            EXPECT_FALSE(t.GetDocString(field, CDocTemplate::filterExt)) << e.name;
+            EXPECT_FALSE(t.GetDocString(field, CDocTemplate::fileNewName)) << e.name;
+            EXPECT_FALSE(t.GetDocString(field, CDocTemplate::filterName)) << e.name;
+        }
+    }
+    struct Field {
+        CDocTemplate::DocStringIndex index;
+        const char* text;
+    };
+    const Field fields[] = {
+        {CDocTemplate::windowTitle, ""},
+        {CDocTemplate::docName, "Output"},
+        {CDocTemplate::fileNewName, "Output Processor Window"},
+        {CDocTemplate::filterName, "Output Processor Files (*.dgr)"},
+        {CDocTemplate::filterExt, ".dgr"},
+        {CDocTemplate::regFileTypeId, "MolvexOutput.Document"},
+        {CDocTemplate::regFileTypeName, "Molvex Output Processor Document"},
+    };
+    for (const Field& f : fields) {
+        std::string text;
+        templates[0]->GetDocString(text, f.index);
+        EXPECT_EQ(text, f.text);
+    }
+
+    // A second start-up replaces the templates; shutdown removes them all.
+    InitOutputProcessor2(&app);
+    EXPECT_EQ(app.GetDocTemplates().size(), 19u);
+    ShutdownOutputProcessor();
+    EXPECT_TRUE(app.GetDocTemplates().empty());
+}
+
+TEST(Startup, CommandTableNamesTemplatesAndTitles) {
+    struct Expected {
+        const char* exportName;
+        const char* templateName;
+        int titleId;
+        const char* prefix;
+    };
+    const Expected expected[] = {
+        {"g_OnPlot", "Plot", 16019, "Plot - "},
+        {"g_OnComparison", "Comparison", 16020, "Compare Means - "},
+        {"g_OnInterval", "Intervals", 16021, "Classical C.I. On Mean - "},
+        {"g_OnOneway", "OnewayVariance", 16022, "One-Way ANOVA - "},
+        {"g_OnSdinterval", "SdIntervals", 16023, "Standard Deviation Intervals - "},
+        {"g_OnStdinterval", "StdInterval", 16024, "Standardized Time Series Intervals - "},
+        {"g_OnTable", "Table", 16025, "Tables - "},
+        {"g_OnVartest", "Vartest", 16026, "Compare Variances - "},
+        {"g_OnAppend", "Append", 16027, "Append - "},
+        {"g_OnDiffile", "Diffile", 16028, "DIF File - "},
+        {"g_OnExport", "Export", 16029, "Export - "},
+        {"g_OnFilter", "BatchTruncate", 16030, "Batch/Truncate - "},
+        {"g_OnBarchart", "Barchart", 16031, "Barchart - "},
+        {"g_OnCorrelogram", "Correlogram", 16032, "Correlogram - "},
+        {"g_OnHistogram", "Histogram", 16033, "Histogram - "},
+        {"g_OnImport", "Import", 16034, "Import File - "},
+        {"g_OnLoad", "Load", 16035, "ASCII Load File - "},
+        {"g_OnMovingAverage", "MovingAverage", 16036, "Moving Average - "},
+    };
+    auto commands = grp_Commands();
+    ASSERT_EQ(commands.size(), std::size(expected));
+    CWinApp app;
+    InitOutputProcessor2(&app);
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        EXPECT_STREQ(commands[i].exportName, expected[i].exportName);
+        EXPECT_STREQ(commands[i].templateName, expected[i].templateName);
+        EXPECT_EQ(commands[i].titleId, expected[i].titleId);
+        EXPECT_EQ(msg_Text(commands[i].titleId), expected[i].prefix);
+        EXPECT_NE(app.FindDocTemplate(commands[i].templateName), nullptr) << commands[i].templateName;
+    }
+    ShutdownOutputProcessor();
+}
+
+// The stand-in analysis: a single-file dialog with an output file, a document
+// whose initialiser result the test chooses, and a report view.
+struct Script {
+    int validate = 0;
+    int initResult = 0;
+    bool docShowsOwnMessage = false;
+    int documentsMade = 0;
+    int documentsAlive = 0;
+};
+Script g_script;
+
+class CStandInDlg : public CBaseDlg {
+public:
+    int Validate(int*) override { return g_script.validate; }
+    std::string m_strOutput;
+};
+
+class CStandInDoc : public CBaseFileDoc {
+public:
+    CStandInDoc() {
+        ++g_script.documentsMade;
+        ++g_script.documentsAlive;
+    }
+    ~CStandInDoc() override { --g_script.documentsAlive; }
+    int InitFromDialog(CDialog& dlg) override {
+        if (auto* d = dynamic_cast<CStandInDlg*>(&dlg)) {
+            m_file = d->m_strFile;
+            m_output = d->m_strOutput;
+        }
+        if (g_script.initResult && g_script.docShowsOwnMessage) AfxMessageBox(g_script.initResult);
+        return g_script.initResult;
+    }
+    std::string m_file, m_output;
+};
+
+class CStandInView : public CTextView {
+public:
+    void WriteReport(FILE* stream) override {
+        auto* doc = static_cast<CStandInDoc*>(GetDocument());
+        std::fprintf(stream, "report on %s into %s\n", doc->m_file.c_str(), doc->m_output.c_str());
+    }
+};
+
+class CStandInListDlg : public CBaseMultiDlg {
+public:
+    int Validate(int*) override { return 0; }
+};
+
+class CommandFlow : public ::testing::Test {
+protected:
+    void SetUp() override {
+        g_script = Script{};
+        InitOutputProcessor2(&m_app);
+        AnalysisFactory f = grp_MakeAnalysis<CStandInDlg, CStandInDoc, CStandInView>();
+        f.outputFile = [](CDialog& d) { return &static_cast<CStandInDlg&>(d).m_strOutput; };
+        m_saved.emplace_back("BatchTruncate", grp_SetAnalysis("BatchTruncate", f));
+        m_saved.emplace_back("Append", grp_SetAnalysis("Append", f));
+        m_saved.emplace_back("Table", grp_SetAnalysis("Table", grp_MakeAnalysis<CStandInListDlg, CStandInDoc>()));
+        m_saved.emplace_back("Histogram", grp_SetAnalysis("Histogram", AnalysisFactory{}));
+        m_host.onDialog = [this](CDialog& d) {
+            if (auto* dlg = dynamic_cast<CStandInDlg*>(&d)) {
+                m_seenFile = dlg->m_strFile;
+                if (!m_file.empty()) dlg->m_strFile = m_file;
+                if (!m_output.empty()) dlg->m_strOutput = m_output;
+            }
+            return dlg_ValidateOnOK(d) == 0 ? IDOK : IDCANCEL;
+        };
+    }
+    void TearDown() override {
+        ShutdownOutputProcessor();
+        for (auto& [name, f] : m_saved) grp_SetAnalysis(name, f);
+    }
+
+    CWinApp m_app;
+    RecordingHost m_host;
+    ScopedHost m_scope{&m_host};
+    std::vector<std::pair<std::string, AnalysisFactory>> m_saved;
+    std::string m_file = "/data/waits.dat", m_output, m_seenFile;
+};
+
+TEST_F(CommandFlow, SuccessMakesOneTitledFrameWithTheReport) {
+    m_output = "batched.flt";
+    EXPECT_EQ(g_OnFilter(nullptr), 0);
+    ASSERT_EQ(m_host.frames.size(), 1u);
+    const CDocFrame& frame = *m_host.frames[0];
+    EXPECT_EQ(frame.GetWindowText(), "Batch/Truncate - waits.dat");
+    EXPECT_EQ(frame.FrameClass(), "CBaseWnd");
+    ASSERT_EQ(frame.Views().size(), 1u);
+    auto* view = dynamic_cast<CTextView*>(frame.Views()[0].get());
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->GetText(), "report on /data/waits.dat into batched.flt\n");
+    EXPECT_TRUE(m_host.messages.empty());
+    m_host.frames.clear();
+    EXPECT_EQ(g_script.documentsAlive, 0);
+}
+
+TEST_F(CommandFlow, CancelledDialogCreatesNothing) {
+    m_host.onDialog = [](CDialog&) { return IDCANCEL; };
+    EXPECT_EQ(g_OnFilter(nullptr), 0);
+    EXPECT_EQ(m_host.dialogsRun, 1);
+    EXPECT_EQ(g_script.documentsMade, 0);
+    EXPECT_TRUE(m_host.frames.empty());
+    EXPECT_TRUE(m_host.messages.empty());
+}
+
+TEST_F(CommandFlow, InvalidFieldIsShownAndTheCommandEnds) {
+    g_script.validate = -15925;  // a pair check names its field by the sign
+    EXPECT_EQ(g_OnFilter(nullptr), 0);
+    ASSERT_EQ(m_host.messages.size(), 1u);
+    EXPECT_EQ(m_host.messages[0].id, 15925);
+    EXPECT_EQ(g_script.documentsMade, 0);
+    EXPECT_TRUE(m_host.frames.empty());
+}
+
+TEST_F(CommandFlow, FailingInitialiserShowsItsMessageOnceAndMakesNoWindow) {
+    for (bool docShows : {false, true}) {
+        m_host.messages.clear();
+        g_script.initResult = 15931;
+        g_script.docShowsOwnMessage = docShows;
+        EXPECT_EQ(g_OnFilter(nullptr), 15931);
+        ASSERT_EQ(m_host.messages.size(), 1u) << docShows;
+        EXPECT_EQ(m_host.messages[0].text, "No observations found");
+        EXPECT_TRUE(m_host.frames.empty());
+        EXPECT_EQ(g_script.documentsAlive, 0);
+    }
+}
+
+TEST_F(CommandFlow, DialogKeepsItsEntriesForTheWholeRun) {
+    m_output = "first.flt";
+    EXPECT_EQ(g_OnFilter(nullptr), 0);
+    CDialog* first = m_app.GetDialog("BatchTruncate");
+    ASSERT_NE(first, nullptr);
+    m_file.clear();
+    m_output.clear();
+    EXPECT_EQ(g_OnFilter(nullptr), 0);
+    EXPECT_EQ(m_app.GetDialog("BatchTruncate"), first);
+    EXPECT_EQ(m_seenFile, "/data/waits.dat");
+    EXPECT_EQ(static_cast<CStandInDlg*>(first)->m_strOutput, "first.flt");
+    // Another command has a dialog of its own.
+    EXPECT_EQ(g_OnAppend(nullptr), 0);
+    EXPECT_NE(m_app.GetDialog("Append"), first);
+}
+
+TEST_F(CommandFlow, OutputNameWithoutExtensionGetsTheCommandsOwn) {
+    struct Case {
+        int (*entry)(COutputView*);
+        const char* typed;
+        const char* used;
+    };
+    const Case cases[] = {
+        {g_OnFilter, "means", "means.flt"},
+        {g_OnAppend, "all", "all.dat"},
+        {g_OnFilter, "means.out", "means.out"},
+        {g_OnFilter, "dir.v2/means", "dir.v2/means.flt"},
+    };
+    for (const Case& c : cases) {
+        m_output = c.typed;
+        ASSERT_EQ(c.entry(nullptr), 0);
+        auto* view = dynamic_cast<CTextView*>(m_host.frames.back()->Views()[0].get());
+        EXPECT_EQ(view->GetText(), "report on /data/waits.dat into " + std::string(c.used) + "\n");
+    }
+}
+
+TEST_F(CommandFlow, DialogStartsFromTheGroupsSelection) {
+    COutputDoc doc;
+    doc.OnNewDocument();
+    auto item = std::make_unique<CDGItem>();
+    item->m_strPath = "/runs/queue.dat";
+    doc.InsertItem(0, std::move(item));
+    COutputView view(&doc);
+    view.OnUpdate();
+    view.SetSelection(0);
+    m_file.clear();
+    EXPECT_EQ(g_OnFilter(&view), 0);
+    EXPECT_EQ(m_seenFile, "/runs/queue.dat");
+    EXPECT_EQ(static_cast<CBaseDlg*>(m_app.GetDialog("BatchTruncate"))->m_pView, &view);
+    EXPECT_EQ(m_host.frames.back()->GetWindowText(), "Batch/Truncate - queue.dat");
+}
+
+TEST_F(CommandFlow, FileListCaptionIsTheTitleOrTheFirstFile) {
+    m_host.onDialog = [](CDialog& d) {
+        auto& dlg = dynamic_cast<CStandInListDlg&>(d);
+        dlg.m_items.clear();
+        dlg.AddFile("/x/served.dat", "All");
+        dlg.AddFile("/x/waits.dat", "");
+        return IDOK;
+    };
+    EXPECT_EQ(g_OnTable(nullptr), 0);
+    EXPECT_EQ(m_host.frames.back()->GetWindowText(), "Tables - served.dat");
+    static_cast<CStandInListDlg*>(m_app.GetDialog("Table"))->m_strTitle = "Busy period";
+    m_host.onDialog = [](CDialog&) { return IDOK; };
+    EXPECT_EQ(g_OnTable(nullptr), 0);
+    EXPECT_EQ(m_host.frames.back()->GetWindowText(), "Tables - Busy period");
+    EXPECT_EQ(m_host.frames.back()->FrameClass(), "CBaseWnd");
+}
+
+TEST_F(CommandFlow, AnalysisNotBuiltSaysSoAndRunsNothing) {
+    EXPECT_EQ(g_OnHistogram(nullptr), -1);
+    EXPECT_EQ(m_host.dialogsRun, 0);
+    ASSERT_EQ(m_host.messages.size(), 1u);
+    EXPECT_EQ(m_host.messages[0].text, "Histogram is not available in this version of oproc.");
+}
+
+TEST_F(CommandFlow, WithoutStartUpNothingRuns) {
+    ShutdownOutputProcessor();
+    EXPECT_EQ(g_OnFilter(nullptr), -1);
+    EXPECT_EQ(m_host.dialogsRun, 0);
+    EXPECT_EQ(m_host.messages.size(), 1u);
+}
+
+}  // namespace
