@@ -5,6 +5,8 @@
 
 #include "Command.h"
 #include "FileArgs.h"
+#include "GraphOutput.h"
+#include "graph/IntervalViews.h"
 #include "framework/Host.h"
 #include "series/StdInDlg.h"
 #include "series/StdIntTextView.h"
@@ -22,6 +24,7 @@ struct Options {
     std::string level = "0.95";
     std::string title;
     bool scale = false;
+    SvgOptions svg;
 };
 
 Options g_mean, g_sd, g_std;
@@ -35,6 +38,7 @@ CLI::App* AddCommand(CLI::App& app, const char* name, const char* about, Options
         ->capture_default_str();
     sub->add_option("--title", opt.title, "Title printed under the report title");
     sub->add_flag("--scale", opt.scale, "Show the scale on the chart");
+    cli_AddSvgOptions(sub, opt.svg, false);
     return sub;
 }
 
@@ -50,8 +54,8 @@ void FillDialog(CIntrvlDlg& dlg, const Options& opt) {
 }
 
 // The flow every interval analysis shares: validate, compute, report.
-template <class Dlg, class Doc, class View>
-int RunAnalysis(const Options& opt, CliIO& io) {
+template <class Dlg, class Doc, class View, class Graph>
+int RunAnalysis(const Options& opt, int captionId, CliIO& io) {
     Dlg dlg;
     FillDialog(dlg, opt);
     int row = -1;
@@ -67,23 +71,25 @@ int RunAnalysis(const Options& opt, CliIO& io) {
     View view;
     view.SetDocument(&doc);
     io.out << txt_ReportText(view);
-    return cli_Status(0);
+    Graph graph;
+    graph.SetDocument(&doc);
+    return cli_Status(cli_WriteGraphSvg(opt.svg, captionId, doc.m_strTitle, graph));
 }
 
 CLI::App* SetupMean(CLI::App& app) {
     return AddCommand(app, "interval", "Classical confidence intervals on the mean", g_mean);
 }
-int RunMean(CliIO& io) { return RunAnalysis<CIntrvlDlg, CIntrvlDoc, CIntrvlTextView>(g_mean, io); }
+int RunMean(CliIO& io) { return RunAnalysis<CIntrvlDlg, CIntrvlDoc, CIntrvlTextView, CIntrvlView>(g_mean, 16021, io); }
 
 CLI::App* SetupSd(CLI::App& app) {
     return AddCommand(app, "sdinterval", "Confidence intervals on the standard deviation", g_sd);
 }
-int RunSd(CliIO& io) { return RunAnalysis<CSdIntDlg, CSdIntDoc, CSdIntTextView>(g_sd, io); }
+int RunSd(CliIO& io) { return RunAnalysis<CSdIntDlg, CSdIntDoc, CSdIntTextView, CSdIntView>(g_sd, 16023, io); }
 
 CLI::App* SetupStd(CLI::App& app) {
     return AddCommand(app, "stdinterval", "Standardized time series confidence intervals on the mean", g_std);
 }
-int RunStd(CliIO& io) { return RunAnalysis<CStdInDlg, CStdIntrvlDoc, CStdIntTextView>(g_std, io); }
+int RunStd(CliIO& io) { return RunAnalysis<CStdInDlg, CStdIntrvlDoc, CStdIntTextView, CStdIntView>(g_std, 16024, io); }
 
 CommandRegistrar g_regMean(200, SetupMean, RunMean);
 CommandRegistrar g_regSd(210, SetupSd, RunSd);
@@ -92,15 +98,16 @@ CommandRegistrar g_regStd(220, SetupStd, RunStd);
 DemoRegistrar g_demoMean({200,
                           "Classical confidence intervals on the mean: each replication of the waits, "
                           "and the replication averages pooled",
-                          {"interval", "--title", "Waiting time in queue", "waits.dat@All", "meanwait.dat@Lumped"},
-                          ""});
+                          {"interval", "--title", "Waiting time in queue", "--scale", "waits.dat@All", "meanwait.dat@Lumped",
+                           "--svg", "interval.svg"},
+                          "interval.svg"});
 DemoRegistrar g_demoSd({210,
                         "Confidence intervals on the standard deviation at 90%",
-                        {"sdinterval", "--level", "90", "waits.dat@All", "meanwait.dat@Lumped"},
-                        ""});
+                        {"sdinterval", "--level", "90", "waits.dat@All", "meanwait.dat@Lumped", "--svg", "sdinterval.svg"},
+                        "sdinterval.svg"});
 DemoRegistrar g_demoStd({220,
                          "Standardized time series intervals on the mean wait, allowing for correlation",
-                         {"stdinterval", "waits.dat@All", "waits.dat@Lumped"},
-                         ""});
+                         {"stdinterval", "--scale", "waits.dat@All", "waits.dat@Lumped", "--svg", "stdinterval.svg"},
+                         "stdinterval.svg"});
 
 }  // namespace

@@ -69,8 +69,9 @@ void DrawItem(CDC& dc, const IntervalItem& item, const std::string& label, int c
         const int head = Scaled(4);
         DrawArrowMark(dc, cx, yMax, true, Scaled(10), head, kExtremeColour);
         DrawArrowMark(dc, cx, yMin, false, Scaled(10), head, kExtremeColour);
-        Text(dc, TA_LEFT | TA_BOTTOM, cx + head + gap, yMax + textHeight / 2, msg_Text(15955) + " " + Number("%-10.3g", item.maximum));
-        Text(dc, TA_LEFT | TA_TOP, cx + head + gap, yMin - textHeight / 2, msg_Text(15954) + " " + Number("%-10.3g", item.minimum));
+        // Kept clear of the limits' numbers when the extremes lie close to them.
+        Text(dc, TA_LEFT | TA_BOTTOM, cx + head + gap, std::min(yMax + textHeight / 2, yUpper - textHeight), msg_Text(15955) + " " + Number("%-10.3g", item.maximum));
+        Text(dc, TA_LEFT | TA_TOP, cx + head + gap, std::max(yMin - textHeight / 2, yLower + textHeight), msg_Text(15954) + " " + Number("%-10.3g", item.minimum));
     }
     CPen old = dc.SelectObject(CPen{PS_SOLID, Scaled(2) > 1 ? Scaled(2) : 2, kIntervalColour});
     dc.MoveTo(cx, yLower);

@@ -14,6 +14,9 @@ public:
     CIntrvlView() : CIntrvlView(15952) {}
 
     int DrawGraph(CDC& dc) override;
+    // Takes the computed rows' graph records, range, level and scale flag of
+    // its CIntrvlDoc (or of a document derived from it).
+    void OnInitialUpdate() override;
 
     // The rows' graph records as the interval documents leave them in the
     // work table (row i's record at offsets[i]), with the document's range,
