@@ -4,8 +4,8 @@
 
 #include "datafile/DataFile.h"
 #include "framework/Messages.h"
+#include "framework/WholeNumber.h"
 #include "stats/Distributions.h"
-#include "stats/IntervalCut.h"
 #include "stats/ObsStream.h"
 
 namespace {
@@ -96,7 +96,7 @@ int CStdIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha)
     row.m_dUpper = average + halfWidth;
     row.m_dMin = low;
     row.m_dMax = high;
-    row.m_lNumObs = intrvl_CutLong(static_cast<double>(b) * static_cast<double>(m));
+    row.m_lNumObs = WholeLong(static_cast<double>(b) * static_cast<double>(m));
     row.m_bComputed = true;
     WidenGraphRange(row.m_dMin, row.m_dMax);
     WidenGraphRange(row.m_dLower, row.m_dUpper);

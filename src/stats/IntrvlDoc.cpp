@@ -4,11 +4,11 @@
 
 #include "datafile/DataFile.h"
 #include "framework/Messages.h"
+#include "framework/WholeNumber.h"
 #include "stats/Distributions.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/Moments.h"
 #include "stats/ObsStream.h"
-#include "stats/IntervalCut.h"
 
 int CIntrvlDoc::InitFromDialog(CDialog& dlg) {
     auto* d = dynamic_cast<CIntrvlDlg*>(&dlg);
@@ -86,7 +86,7 @@ int CIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
         if (variance < 0.0) variance = 0.0;
     }
     const double stdDev = std::sqrt(variance);
-    int df = intrvl_CutInt(n - 1.0);
+    int df = WholeInt(n - 1.0);
     if (n - 1.0 == 0.0) df = 1;
     const double halfWidth = st_TQuantile(df, alpha / 2.0) * stdDev / std::sqrt(n);
 
@@ -97,7 +97,7 @@ int CIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
     row.m_dUpper = average + halfWidth;
     row.m_dMin = sample.Min();
     row.m_dMax = sample.Max();
-    row.m_lNumObs = intrvl_CutLong(n);
+    row.m_lNumObs = WholeLong(n);
     row.m_bComputed = true;
     WidenGraphRange(row.m_dMin, row.m_dMax);
     WidenGraphRange(row.m_dLower, row.m_dUpper);
