@@ -6,6 +6,7 @@
 
 #include "Command.h"
 #include "FileArgs.h"
+#include "GraphOutput.h"
 #include "GroupArgs.h"
 #include "group/Commands.h"
 #include "stats/PairDialogs.h"
@@ -19,6 +20,7 @@ struct Options {
     bool scale = false;
     std::vector<std::string> files;
     CliGroup group;
+    SvgOptions svg;
 };
 Options g_compare;
 Options g_vartest;
@@ -33,6 +35,7 @@ void AddCommon(CLI::App* sub, Options& o) {
     sub->add_flag("--scale", o.scale, "Show the scale on the chart");
     sub->add_option("FILE", o.files, kFilesHelp);
     o.group.AddOption(sub);
+    cli_AddSvgOptions(sub, o.svg, false);
 }
 
 // The pair list as the dialog takes it; an odd count is a usage error.
@@ -63,6 +66,7 @@ CLI::App* SetupCompare(CLI::App& app) {
 
 int RunCompare(CliIO&) {
     std::vector<FileArg> files = PairFiles(g_compare);
+    cli_Host().SetFrameHandler(cli_SvgFrame(g_compare.svg));
     return cli_RunEntry<CComprDlg>(g_OnComparison, g_compare.group, [&](CComprDlg& dlg) {
         FillPairs(dlg, g_compare, files);
         dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
@@ -78,6 +82,7 @@ CLI::App* SetupVartest(CLI::App& app) {
 
 int RunVartest(CliIO&) {
     std::vector<FileArg> files = PairFiles(g_vartest);
+    cli_Host().SetFrameHandler(cli_SvgFrame(g_vartest.svg));
     return cli_RunEntry<CVarDlg>(g_OnVartest, g_vartest.group,
                                  [&](CVarDlg& dlg) { FillPairs(dlg, g_vartest, files); });
 }
@@ -92,18 +97,19 @@ DemoRegistrar g_demoDesign({500,
 DemoRegistrar g_demoPaired({510,
                             "Paired-t: average wait per replication, sample system against the faster server",
                             {"compare", "--title", "Faster server", "--group", "samples.dgr", "#5@Lumped",
-                             "faster/meanwait.dat@Lumped"},
-                            ""});
+                             "faster/meanwait.dat@Lumped", "--svg", "compare-paired.svg"},
+                            "compare-paired.svg"});
 DemoRegistrar g_demoTwoSample({520,
                                "Two-sample-t: the waits of replication 1 against replication 2, and every "
                                "replication of the two designs",
                                {"compare", "--method", "two-sample", "--title", "Waits", "waits.dat@1",
-                                "waits.dat@2", "waits.dat@All", "faster/waits.dat@All"},
-                               ""});
+                                "waits.dat@2", "waits.dat@All", "faster/waits.dat@All", "--scale", "--svg",
+                                "compare-two-sample.svg"},
+                               "compare-two-sample.svg"});
 DemoRegistrar g_demoVartest({530,
                              "Comparison of variances: replication averages and single replications",
                              {"vartest", "--title", "Spread of the waits", "meanwait.dat@Lumped",
-                              "faster/meanwait.dat@Lumped", "waits.dat@1", "waits.dat@2"},
-                             ""});
+                              "faster/meanwait.dat@Lumped", "waits.dat@1", "waits.dat@2", "--svg", "vartest.svg"},
+                             "vartest.svg"});
 
 }  // namespace

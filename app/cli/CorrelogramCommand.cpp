@@ -1,6 +1,7 @@
 // oproc correlogram FILE [--reps TEXT] [--title TEXT] --max-lags TEXT [--out PATH]:
 // autocovariances and autocorrelations of a data file's observations.
 #include "Command.h"
+#include "GraphOutput.h"
 #include "GroupArgs.h"
 #include "group/Commands.h"
 #include "series/CorrDlg.h"
@@ -14,6 +15,7 @@ struct Options {
     std::string maxLags;
     std::string out;
     CliGroup group;
+    SvgOptions svg;
 };
 Options g_opt;
 
@@ -27,6 +29,7 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--max-lags", g_opt.maxLags, "Largest lag, 1 to 9999")->required();
     sub->add_option("--out", g_opt.out, "Save the correlations in this data file (.cor added when no extension)");
     g_opt.group.AddOption(sub);
+    cli_AddSvgOptions(sub, g_opt.svg, false);
     return sub;
 }
 
@@ -34,6 +37,7 @@ CLI::App* Setup(CLI::App& app) {
 // as in the desktop program, the ".cor" of an output name included.
 int Run(CliIO&) {
     std::string file = g_opt.group.Resolve(g_opt.file);
+    cli_Host().SetFrameHandler(cli_SvgFrame(g_opt.svg));
     return cli_RunEntry<CCorrDlg>(g_OnCorrelogram, g_opt.group, [&](CCorrDlg& dlg) {
         dlg.m_strFile = file;
         dlg.m_strReps = g_opt.reps;
@@ -48,7 +52,7 @@ CommandRegistrar g_reg(320, Setup, Run);
 DemoRegistrar g_demo({540,
                       "Correlogram of the waits in replication 1, saved as waits.cor",
                       {"correlogram", "--group", "samples.dgr", "#1", "--reps", "1", "--title", "Waits, replication 1",
-                       "--max-lags", "50", "--out", "waits"},
-                      ""});
+                       "--max-lags", "50", "--out", "waits", "--svg", "correlogram.svg"},
+                      "correlogram.svg"});
 
 }  // namespace

@@ -45,18 +45,45 @@ struct Shown {
     int status;
 };
 
+std::string Anchor(std::size_t i) { return "step" + std::to_string(i + 1); }
+
+// One section per step: the command line, then the report and, when the step
+// draws, its graph beside it (below it on a narrow window).
 void WriteIndex(const std::vector<Shown>& shown) {
     std::ofstream html("index.html");
-    html << "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>oproc demo</title>\n"
-            "<style>body{font-family:sans-serif;margin:2em}section{display:flex;gap:2em;align-items:flex-start;"
-            "border-top:1px solid #ccc;padding:1em 0}pre{font-family:'Courier New',monospace;font-size:12px}"
-            "code{background:#f4f4f4}</style></head><body>\n<h1>oproc demo</h1>\n";
-    for (const Shown& s : shown) {
-        html << "<h2>" << Html(s.step.title) << "</h2>\n<p><code>oproc";
-        for (const std::string& a : s.step.args) html << ' ' << Html(a);
-        html << "</code></p>\n<section><pre>" << Html(s.report + s.messages) << "</pre>";
-        if (!s.step.svg.empty()) html << "<img src=\"" << Html(s.step.svg) << "\" alt=\"" << Html(s.step.title) << "\">";
-        html << "</section>\n";
+    html << "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>oproc demo</title>\n<style>\n"
+            "body{font-family:sans-serif;margin:2em;color:#222}\n"
+            "nav ol{columns:2;max-width:60em}\n"
+            "section{border-top:1px solid #ccc;padding:1em 0}\n"
+            ".pair{display:flex;gap:1.5em;align-items:flex-start}\n"
+            "@media (max-width:1100px){.pair{flex-wrap:wrap}}\n"
+            "pre{font-family:'Liberation Mono','Courier New',monospace;font-size:12px;background:#f8f8f8;"
+            "padding:.6em;margin:0;overflow-x:auto;max-width:100%}\n"
+            "pre{flex:0 0 auto}figure{margin:0;flex:1 1 0;min-width:360px;max-width:800px}\n"
+            "figure img{border:1px solid #ddd;width:100%;height:auto}\n"
+            "figcaption{font-size:12px;color:#666}\n"
+            "code{background:#f4f4f4;padding:.1em .3em}.status{color:#b00}\n"
+            "</style></head><body>\n<h1>oproc demo</h1>\n"
+            "<p>Every command below ran on the sample data in this folder; each report is shown as printed, "
+            "beside the graph the command wrote.</p>\n<nav><ol>\n";
+    for (std::size_t i = 0; i < shown.size(); ++i)
+        html << "<li><a href=\"#" << Anchor(i) << "\">" << Html(shown[i].step.title) << "</a></li>\n";
+    html << "</ol></nav>\n";
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const Shown& s = shown[i];
+        html << "<section id=\"" << Anchor(i) << "\"><h2>" << Html(s.step.title) << "</h2>\n<p><code>oproc";
+        for (const std::string& a : s.step.args)
+            html << ' ' << Html(a.find(' ') == std::string::npos ? a : "\"" + a + "\"");
+        html << "</code>";
+        if (s.status != 0) html << " <span class=\"status\">exit status " << s.status << "</span>";
+        html << "</p>\n<div class=\"pair\">";
+        std::string text = s.report + s.messages;
+        if (!text.empty()) html << "<pre>" << Html(text) << "</pre>";
+        if (!s.step.svg.empty() && fs::exists(s.step.svg))
+            html << "<figure><img src=\"" << Html(s.step.svg) << "\" alt=\"" << Html(s.step.title)
+                 << "\"><figcaption><a href=\"" << Html(s.step.svg) << "\">" << Html(s.step.svg)
+                 << "</a></figcaption></figure>";
+        html << "</div></section>\n";
     }
     html << "</body></html>\n";
 }

@@ -176,6 +176,7 @@ const Entry kTable[] = {
     {61697, "Failed to open document."},
     {61698, "Failed to save document."},
     {61699, "Unexpected file format."},
+    {61700, "Please enter a number between 0 and 999999."},
 };
 
 const Entry* Find(int id) {

@@ -43,6 +43,8 @@ enum MessageId : int {
     IDS_FAILED_TO_OPEN_DOC = 61697,
     IDS_FAILED_TO_SAVE_DOC = 61698,
     IDS_BAD_FORMAT = 61699,
+    // The dialog framework's own range check of a real edit holding 0 to 999999.
+    IDP_REAL_RANGE_0_999999 = 61700,
 };
 
 // The text of a string id; empty for an id the table does not hold.

@@ -25,6 +25,7 @@ struct CMultiFileItem {
     double m_dUpper = 0.0;
     double m_dMin = 0.0;
     double m_dMax = 0.0;
+    double m_dRange = 0.0;
     long m_lNumObs = 0;
     bool m_bComputed = false;
 

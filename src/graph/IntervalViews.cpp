@@ -1,0 +1,91 @@
+#include "graph/IntervalViews.h"
+
+#include "framework/Messages.h"
+#include "stats/ComprDoc.h"
+#include "stats/VarDoc.h"
+
+namespace {
+
+// One interval per pair, named by its first file.
+template <class Doc>
+std::vector<IntervalItem> PairItems(const Doc& doc) {
+    std::vector<IntervalItem> items;
+    for (int i = 0; i < doc.PairCount(); ++i) {
+        const CMultiFileItem& a = doc.PairA(i);
+        IntervalItem item;
+        item.name = doc.PairIdentifier(i);
+        item.estimate = a.m_dAverage;
+        item.lower = a.m_dLower;
+        item.upper = a.m_dUpper;
+        items.push_back(std::move(item));
+    }
+    return items;
+}
+
+}  // namespace
+
+CIntrvlView::CIntrvlView(int titleId) : m_nTitleId(titleId) {}
+
+int CIntrvlView::DrawGraph(CDC& dc) {
+    chart_DrawIntervals(dc, m_chart);
+    return 0;
+}
+
+void CIntrvlView::SetRecords(const std::vector<std::string>& names, const std::vector<int>& offsets, double low,
+                             double high, double alpha, bool scale) {
+    chart_ReadRecords(m_chart, names, offsets, ShowsExtremes());
+    m_chart.low = low;
+    m_chart.high = high;
+    m_chart.title = msg_Text(m_nTitleId);
+    m_chart.estimateLabel = ShowsExtremes() ? msg_Text(15956) : "";
+    m_chart.legend = chart_LegendText(alpha);
+    m_chart.scale = scale;
+}
+
+int CComprView::DrawGraph(CDC& dc) {
+    chart_DrawIntervals(dc, m_chart);
+    return 0;
+}
+
+void CComprView::SetPairs(const std::vector<IntervalItem>& pairs, bool paired, double low, double high, double alpha,
+                          bool scale) {
+    m_chart.items = pairs;
+    m_chart.low = low;
+    m_chart.high = high;
+    m_chart.title = msg_Text(paired ? 15957 : 15958);
+    m_chart.estimateLabel = msg_Text(15959);
+    m_chart.legend = chart_LegendText(alpha);
+    m_chart.hasReference = true;
+    m_chart.reference = 0.0;
+    m_chart.scale = scale;
+}
+
+void CComprView::OnInitialUpdate() {
+    CBaseScrollView::OnInitialUpdate();
+    if (auto* doc = dynamic_cast<CComprDoc*>(m_pDocument))
+        SetPairs(PairItems(*doc), doc->m_nMethod == CComprDoc::METHOD_PAIRED, doc->m_dLow, doc->m_dHigh, doc->m_dAlpha,
+                 doc->m_bScale);
+}
+
+void CVarView::OnInitialUpdate() {
+    CBaseScrollView::OnInitialUpdate();
+    if (auto* doc = dynamic_cast<CVarDoc*>(m_pDocument))
+        SetPairs(PairItems(*doc), doc->m_dLow, doc->m_dHigh, doc->m_dAlpha, doc->m_bScale);
+}
+
+int CVarView::DrawGraph(CDC& dc) {
+    chart_DrawIntervals(dc, m_chart);
+    return 0;
+}
+
+void CVarView::SetPairs(const std::vector<IntervalItem>& pairs, double low, double high, double alpha, bool scale) {
+    m_chart.items = pairs;
+    m_chart.low = low;
+    m_chart.high = high;
+    m_chart.title = msg_Text(15976);
+    m_chart.estimateLabel = msg_Text(16043);
+    m_chart.legend = chart_LegendText(alpha);
+    m_chart.hasReference = true;
+    m_chart.reference = 1.0;
+    m_chart.scale = scale;
+}

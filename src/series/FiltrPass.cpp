@@ -1,0 +1,349 @@
+#include "series/FiltrPass.h"
+
+#include <climits>
+#include <cmath>
+
+#include "datafile/DataFile.h"
+#include "framework/Messages.h"
+#include "framework/WholeNumber.h"
+
+namespace {
+
+enum class Rec { Obs, Boundary, End, Eof, Error };
+
+// Records as this analysis sees them: skip markers vanish, every other marker
+// is a replication boundary or the end of the data.
+class Reader {
+public:
+    Reader(FILE* f, int isDouble) : m_f(f), m_isDouble(isDouble) {}
+
+    // Records already in the stream's buffer are taken inline; refills, markers
+    // and the end of the file go out of line. The caller's variables are written
+    // only here, so their addresses never leave the caller's loop.
+    Rec Next(double* t, double* v) {
+        double time = 0.0;
+        double value = 0.0;
+        const bool buffered = Take(&time, &value);
+        if (buffered && !(time < 0.0)) [[likely]] {
+            *t = time;
+            *v = value;
+            return Rec::Obs;
+        }
+        const Record r = Slow(buffered, time, value);
+        *t = r.t;
+        *v = r.v;
+        return r.rec;
+    }
+
+private:
+    struct Record {
+        double t;
+        double v;
+        Rec rec;
+    };
+
+    bool Take(double* t, double* v) {
+        return m_isDouble ? op_detail::TakeRecord<double>(m_f, t, v) : op_detail::TakeRecord<float>(m_f, t, v);
+    }
+
+    [[gnu::noinline]] Record Slow(bool buffered, double t, double v) {
+        for (;;) {
+            if (!buffered) {
+                op_ReadPair(m_f, m_isDouble, &t, &v);
+                if (::feof_unlocked(m_f)) return {t, v, Rec::Eof};
+                if (::ferror_unlocked(m_f)) return {t, v, Rec::Error};
+            }
+            if (!(t < 0.0)) return {t, v, Rec::Obs};
+            if (v != MARK_SKIP) return {t, v, v == MARK_END ? Rec::End : Rec::Boundary};
+            buffered = Take(&t, &v);
+        }
+    }
+
+    FILE* m_f;
+    int m_isDouble;
+};
+
+// Running sums of the batch means. S is kept as the sum of squared deviations
+// from the running mean (Welford), which equals sum x^2 - (sum x)^2 / n in exact
+// arithmetic but keeps its digits when the means share a large offset.
+struct BatchStats {
+    long n = 0;
+    double mean = 0.0;
+    double s = 0.0;
+    double d = 0.0;
+    double prev = 0.0;
+
+    void Add(double x) {
+        ++n;
+        double delta = x - mean;
+        mean += delta / static_cast<double>(n);
+        s += delta * (x - mean);
+        if (n > 1) d += std::pow(x - prev, 2.0);
+        prev = x;
+    }
+};
+
+// The von Neumann estimate and its test. The two batching units have always
+// treated a large z differently: by time it withdraws the one-sided rejection,
+// by observations it clears the two-sided flag, which is never set.
+void StoreEstimate(const BatchStats& st, bool byTime, FiltrResults* res) {
+    const double cov = 1.0 - st.d / (2.0 * st.s);
+    res->covEstimate = cov;
+    res->numBatches = static_cast<int>(st.n);
+    if (st.n < 8) return;
+    const double n = static_cast<double>(st.n);
+    const double z = cov / std::sqrt((n - 2.0) / (n * n - 1.0));
+    if (z > Z_ONE_SIDED_05) res->rejectPositive = 1;
+    if (std::fabs(z) > Z_TWO_SIDED_05) {
+        if (byTime)
+            res->rejectPositive = 0;
+        else
+            res->rejectNonZero = 0;
+    }
+}
+
+// A value holds until the next record for these kinds; the others move
+// linearly between records.
+bool StepWeighted(int kind) { return kind == KIND_DSTAT || kind == KIND_COUNTER || kind == KIND_FREQUENCY; }
+
+// Replication ends met by a pass under "all" are copied so the output keeps
+// the source's replications apart.
+void CopyEnd(const FiltrParams& p, Rec rec, FILE* out, double t, double v) {
+    if (p.treatment == REP_ALL && (rec == Rec::End || rec == Rec::Boundary)) op_WritePair(out, &t, &v);
+}
+
+// Step is a template argument so that the per-record loop carries no test of
+// the weighting rule.
+template <bool step>
+int PassByTime(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults* res) {
+    const double W = p.batchSize;
+    const double T = p.truncAmount;
+    // A zero span (all records at one time) would never close a batch.
+    if (!(W > 0.0)) return IDS_ZERO_DENOMINATOR;
+    const bool lumped = p.treatment == REP_LUMPED;
+
+    double t = 0.0;
+    double v = 0.0;
+    Rec rec = Rec::Obs;
+    bool have = false;
+    double r = T;
+    if (rep > 1) {
+        // Later replications are truncated from their own start.
+        rec = in.Next(&t, &v);
+        have = true;
+        if (rec == Rec::Obs) r = t + T;
+    }
+    double vp = 0.0;
+    for (;;) {
+        if (!have) rec = in.Next(&t, &v);
+        have = false;
+        if (rec == Rec::Obs) {
+            if (t > r) break;
+            vp = v;  // the value in force at the truncation point
+            continue;
+        }
+        if (rec == Rec::Error) return IDS_READ_ERROR;
+        if (rec == Rec::Boundary && lumped) continue;
+        // The data ended before the truncation point: nothing is stored.
+        CopyEnd(p, rec, out, t, v);
+        return 0;
+    }
+
+    double b = r;
+    double tp = r;
+    double area = 0.0;
+    BatchStats st;
+    for (;;) {
+        while (t - b > W) {
+            const double end = b + W;
+            if (!(end > b)) return IDS_ZERO_DENOMINATOR;  // W too small to move on from b
+            if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
+            b = end;
+            double piece;
+            if constexpr (step) {
+                piece = (b - tp) * vp;
+            } else {
+                const double vb = (v - vp) / (t - tp) * (b - tp) + vp;
+                piece = (b - tp) * (vp + vb) * 0.5;
+                vp = vb;
+            }
+            double mid = b - W * 0.5;
+            double mean = (area + piece) / W;
+            op_WritePair(out, &mid, &mean);
+            st.Add(mean);
+            tp = b;
+            area = 0.0;
+        }
+        if constexpr (step) {
+            if (t > tp) area += (t - tp) * vp;
+        } else {
+            if (t > tp) area += (t - tp) * (v + vp) * 0.5;
+        }
+        tp = t;
+        vp = v;
+
+        rec = in.Next(&t, &v);
+        if (rec == Rec::Obs) continue;
+        if (rec == Rec::Boundary && lumped) {
+            do rec = in.Next(&t, &v);
+            while (rec == Rec::Boundary);
+            if (rec == Rec::Obs) {
+                // A replication that starts before the open batch cannot join it.
+                if (t < b) return 0;
+                continue;
+            }
+        }
+        if (rec == Rec::Error) return IDS_READ_ERROR;
+        CopyEnd(p, rec, out, t, v);
+        break;
+    }
+
+    res->trailingTime = tp - b;
+    if (st.n > 0 && st.s > 0.0) {
+        StoreEstimate(st, true, res);
+        res->truncUsed = T;
+        res->batchUsed = W;
+    }
+    return 0;
+}
+
+// Skips the initial stretch of a pass by observations. On return with have set,
+// (t, v) is the first record after the truncation.
+int TruncateForObs(Reader& in, const FiltrParams& p, int rep, double* t, double* v, bool* have,
+                   double* lastTime) {
+    const bool lumped = p.treatment == REP_LUMPED;
+    Rec rec = Rec::Obs;
+    if (p.truncUnit == 1) {
+        const int K = WholeInt(p.truncAmount);
+        for (int k = 0; k < K;) {
+            rec = in.Next(t, v);
+            if (rec == Rec::Obs) {
+                ++k;
+                *lastTime = *t;
+                continue;
+            }
+            if (rec == Rec::Boundary && lumped) continue;
+            return rec == Rec::Error ? IDS_READ_ERROR : IDS_NO_OBSERVATIONS_FOUND;
+        }
+        return 0;
+    }
+    double r = p.truncAmount;
+    if (rep > 1) {
+        rec = in.Next(t, v);
+        *have = true;
+        if (rec == Rec::Obs) r = *t + p.truncAmount;
+    }
+    for (;;) {
+        if (!*have) rec = in.Next(t, v);
+        *have = false;
+        if (rec == Rec::Obs) {
+            if (*t > r) {
+                *have = true;
+                return 0;
+            }
+            *lastTime = *t;
+            continue;
+        }
+        if (rec == Rec::Boundary && lumped) continue;
+        return rec == Rec::Error ? IDS_READ_ERROR : IDS_NO_OBSERVATIONS_FOUND;
+    }
+}
+
+int PassByObs(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults* res) {
+    const bool batching = p.batchUnit == 1;
+    const int B = batching ? WholeInt(p.batchSize) : 0;
+    if (batching && B < 1) return IDS_ZERO_DENOMINATOR;
+    const bool lumped = p.treatment == REP_LUMPED;
+
+    double firstT = 0.0;
+    double firstV = 0.0;
+    double truncatedTime = 0.0;
+    bool have = false;
+    if (p.truncAmount > 0.0)
+        if (int rc = TruncateForObs(in, p, rep, &firstT, &firstV, &have, &truncatedTime)) return rc;
+    const double truncUsed = p.truncUnit == 1 ? static_cast<double>(WholeInt(p.truncAmount)) : p.truncAmount;
+
+    // Fresh variables for the per-record loop: nothing takes their address.
+    double t = firstT;
+    double v = firstV;
+    double lastTime = truncatedTime;
+    BatchStats st;
+    int count = 0;
+    double sumT = 0.0;
+    double sumV = 0.0;
+    double start = 0.0;
+    for (;; have = false) {
+        if (!have) {
+            Rec rec = in.Next(&t, &v);
+            if (rec != Rec::Obs) [[unlikely]] {
+                if (rec == Rec::Boundary && lumped) {
+                    do rec = in.Next(&t, &v);
+                    while (rec == Rec::Boundary);
+                    if (rec == Rec::Obs && t < lastTime) return IDS_LUMPED_NOT_ALLOWED;
+                }
+                if (rec == Rec::Error) return IDS_READ_ERROR;
+                if (rec != Rec::Obs) {
+                    CopyEnd(p, rec, out, t, v);
+                    break;
+                }
+            }
+        }
+        lastTime = t;
+        if (!batching) {
+            double ct = t;
+            double cv = v;
+            op_WritePair(out, &ct, &cv);
+            continue;
+        }
+        if (count == 0) start = t;
+        sumT += t;
+        sumV += v;
+        if (++count < B) continue;
+        if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
+        double meanT = sumT / B;
+        double meanV = sumV / B;
+        op_WritePair(out, &meanT, &meanV);
+        st.Add(meanV);
+        count = 0;
+        sumT = sumV = 0.0;
+    }
+
+    if (!batching) {
+        res->truncUsed = truncUsed;
+        return 0;
+    }
+    res->trailingObs = count;
+    res->trailingTime = count > 0 ? lastTime - start : 0.0;
+    if (st.n < 1) return 0;
+    if (!(2.0 * st.s > 0.0)) return IDS_ZERO_DENOMINATOR;
+    StoreEstimate(st, false, res);
+    res->truncUsed = truncUsed;
+    res->batchUsed = B;
+    return 0;
+}
+
+}  // namespace
+
+void filtr_SettleDefaults(FILE* in, int isDouble, FiltrParams* p) {
+    if (p->truncUnit == -1) p->truncUnit = op_IsTimePersistent(p->kind) ? 0 : 1;
+    if (p->batchUnit == -1 || p->batchSize > 0.0) return;
+    Reader reader(in, isDouble);
+    long count = 0;
+    double first = 0.0;
+    double last = 0.0;
+    double t = 0.0;
+    double v = 0.0;
+    while (reader.Next(&t, &v) == Rec::Obs) {
+        if (count++ == 0) first = t;
+        last = t;
+    }
+    p->batchSize = p->batchUnit == 0 ? (last - first) / 10.0 : static_cast<double>(count) / 10.0;
+}
+
+int filtr_RunPass(FILE* in, int isDouble, const FiltrParams& p, int rep, FILE* out, FiltrResults* res) {
+    Reader reader(in, isDouble);
+    if (p.batchUnit == 0)
+        return StepWeighted(p.kind) ? PassByTime<true>(reader, p, rep, out, res)
+                                    : PassByTime<false>(reader, p, rep, out, res);
+    return PassByObs(reader, p, rep, out, res);
+}

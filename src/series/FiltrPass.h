@@ -1,0 +1,38 @@
+// One pass of Batch/Truncate over a replication (or, lumped, over the data from
+// replication 1 on): truncation, batching by time or by count, the batch means
+// written out, and the lag-1 correlation estimate of the means with its test.
+#pragma once
+
+#include <cstdio>
+#include <optional>
+
+struct FiltrParams {
+    int truncUnit;       // 0 time, 1 observations, -1 not given
+    double truncAmount;
+    int batchUnit;       // 0 time, 1 observations, -1 no batching
+    double batchSize;    // not positive: not given
+    int kind;            // data kind of the source
+    int treatment;       // replication number, REP_ALL or REP_LUMPED
+};
+
+// What a pass stores; an empty field leaves the document's value as it was.
+struct FiltrResults {
+    std::optional<double> truncUsed;
+    std::optional<double> batchUsed;
+    std::optional<int> numBatches;
+    std::optional<int> trailingObs;
+    std::optional<double> trailingTime;
+    std::optional<double> covEstimate;
+    std::optional<int> rejectPositive;
+    std::optional<int> rejectNonZero;
+};
+
+// Fills what the user left open, from the replication at the stream's position:
+// the truncation unit from the data kind, and a batch size that forms ten
+// batches of its time span or observation count. Moves the stream.
+void filtr_SettleDefaults(FILE* in, int isDouble, FiltrParams* p);
+
+// Runs the pass of replication rep from the stream's position (its first
+// record), writing batch means (and, under all, the end marker met) to out,
+// which may be null. Returns 0 or a message id.
+int filtr_RunPass(FILE* in, int isDouble, const FiltrParams& p, int rep, FILE* out, FiltrResults* res);

@@ -1,0 +1,71 @@
+#include "series/FiltrView.h"
+
+#include "framework/Messages.h"
+#include "framework/WholeNumber.h"
+#include "series/FiltrDoc.h"
+
+namespace {
+
+constexpr int kTitle = 15871;
+constexpr int kStoredIn = 15872;
+constexpr int kTimeTruncated = 15861;
+constexpr int kObsTruncated = 15862;
+constexpr int kBatches = 15863;
+constexpr int kTimePerBatch = 15864;
+constexpr int kObsPerBatch = 15865;
+constexpr int kTrailingTime = 15866;
+constexpr int kTrailingObs = 15867;
+constexpr int kCovEstimate = 15868;
+constexpr int kRejectPositive = 15869;
+constexpr int kRejectNonZero = 15870;
+
+}  // namespace
+
+// The labels of this summary are longer than the shared layout allows for.
+CFiltrView::CFiltrView() {
+    m_szTitleFmt = "%50s\n";
+    m_szLabelFmt = "%45s :";
+}
+
+const CFiltrDoc* CFiltrView::Doc() const { return dynamic_cast<const CFiltrDoc*>(GetDocument()); }
+
+void CFiltrView::WriteReport(FILE* f) {
+    const CFiltrDoc* doc = Doc();
+    if (!doc) return;
+    auto label = [&](int id) { std::fprintf(f, m_szLabelFmt, msg_Text(id).c_str()); };
+    auto whole = [&](int id, double x) {
+        label(id);
+        std::fprintf(f, m_szIntFmt, WholeLong(x));
+    };
+    auto real = [&](int id, double x) {
+        label(id);
+        std::fprintf(f, m_szRealFmt, x);
+    };
+
+    std::fprintf(f, m_szTitleFmt, msg_Text(kTitle).c_str());
+    if (!doc->title.empty()) std::fprintf(f, m_szTitleFmt, doc->title.c_str());
+    std::fprintf(f, "\n");
+    if (!doc->batchFileName.empty()) {
+        label(kStoredIn);
+        std::fprintf(f, m_szStringFmt, doc->batchFileName.c_str());
+        std::fprintf(f, "\n");
+    }
+    if (doc->truncUnit == 0) real(kTimeTruncated, doc->truncUsed);
+    if (doc->truncUnit == 1) whole(kObsTruncated, doc->truncUsed);
+    if (doc->batchUnit == 0) {
+        whole(kBatches, doc->numBatches);
+        real(kTimePerBatch, doc->batchUsed);
+    }
+    if (doc->batchUnit == 1) {
+        whole(kBatches, doc->numBatches);
+        whole(kObsPerBatch, doc->batchUsed);
+    }
+    if (doc->trailingTime != -1.0) real(kTrailingTime, doc->trailingTime);
+    if (doc->trailingObs != -1) whole(kTrailingObs, doc->trailingObs);
+    if (doc->batchUnit != -1) {
+        real(kCovEstimate, doc->covEstimate);
+        std::fprintf(f, "\n");
+        if (doc->rejectPositive) std::fprintf(f, "%-80s\n", msg_Text(kRejectPositive).c_str());
+        if (doc->rejectNonZero) std::fprintf(f, "%-80s\n", msg_Text(kRejectNonZero).c_str());
+    }
+}

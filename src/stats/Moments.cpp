@@ -1,0 +1,41 @@
+#include "stats/Moments.h"
+
+// The totals are combined in extended precision where the platform has it;
+// the compensated sums already hold them to about twice double precision.
+// Once a sum is infinite its carry is NaN and means nothing.
+
+namespace {
+
+long double Total(double sum, double carry) {
+    return std::isfinite(sum) ? static_cast<long double>(sum) + carry : sum;
+}
+
+// (s2 - s1^2 / n); a negative result (rounding) is 0, NaN stays NaN.
+long double SquaredDeviations(long n, long double s1, long double s2) {
+    if (n == 0) return 0.0L;
+    const long double m2 = s2 - s1 * s1 / n;
+    return m2 < 0 ? 0.0L : m2;
+}
+
+}  // namespace
+
+double CMoments::Sum() const { return static_cast<double>(m_n * static_cast<long double>(m_ref) + Total(m_s1, m_c1)); }
+
+double CMoments::SumOfSquares() const {
+    const long double r = m_ref;
+    return static_cast<double>(m_n * r * r + 2 * r * Total(m_s1, m_c1) + Total(m_s2, m_c2));
+}
+
+double CMoments::Mean() const {
+    if (m_n == 0) return 0.0;
+    return static_cast<double>(m_ref + Total(m_s1, m_c1) / m_n);
+}
+
+double CMoments::SumSqDev() const {
+    return static_cast<double>(SquaredDeviations(m_n, Total(m_s1, m_c1), Total(m_s2, m_c2)));
+}
+
+double CMoments::Variance() const {
+    if (m_n < 2) return 0.0;
+    return static_cast<double>(SquaredDeviations(m_n, Total(m_s1, m_c1), Total(m_s2, m_c2)) / (m_n - 1));
+}

@@ -1,0 +1,95 @@
+// The range scan for graphs and the replication-following record reader.
+#include <gtest/gtest.h>
+
+#include "TestFiles.h"
+#include "datafile/DataFile.h"
+#include "datafile/FileGlobals.h"
+#include "datafile/GraphScan.h"
+#include "framework/Messages.h"
+
+namespace {
+
+const int kAllOpen[4] = {-1, -1, -1, -1};
+
+class GraphScanTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        a = dir.Path("a.dat");
+        b = dir.Path("b.dat");
+        test_WriteDataFile(a, HeaderSpec{}, test_Replications({{{1, 4}, {2, -3}}, {{0.5, 8}, {7, 2}}}));
+        test_WriteDataFile(b, HeaderSpec{}, test_Replications({{{3, 100}, {-1, -2}, {9, -50}}}));
+    }
+    TempDir dir;
+    std::string a, b;
+};
+
+TEST_F(GraphScanTest, OneReplicationOrTheWholeFile) {
+    double bounds[4] = {0, 0, 0, 0};
+    ASSERT_EQ(op_ScanRangeFiles({{a, 1}}, bounds, kAllOpen), 0);
+    EXPECT_EQ(bounds[0], 1.0);
+    EXPECT_EQ(bounds[1], 2.0);
+    EXPECT_EQ(bounds[2], -3.0);
+    EXPECT_EQ(bounds[3], 4.0);
+    ASSERT_EQ(op_ScanRangeFiles({{a, 2}}, bounds, kAllOpen), 0);
+    EXPECT_EQ(bounds[0], 0.5);
+    EXPECT_EQ(bounds[3], 8.0);
+    ASSERT_EQ(op_ScanRangeFiles({{a, REP_LUMPED}}, bounds, kAllOpen), 0);
+    EXPECT_EQ(bounds[0], 0.5);
+    EXPECT_EQ(bounds[1], 7.0);
+    EXPECT_EQ(bounds[2], -3.0);
+    EXPECT_EQ(bounds[3], 8.0);
+}
+
+TEST_F(GraphScanTest, SeveralFilesAndGivenBounds) {
+    double bounds[4] = {0, 0, 0, 0};
+    ASSERT_EQ(op_ScanRangeFiles({{a, REP_ALL}, {b, 1}}, bounds, kAllOpen), 0);
+    EXPECT_EQ(bounds[0], 0.5);
+    EXPECT_EQ(bounds[1], 9.0);  // the skip marker does not end b
+    EXPECT_EQ(bounds[2], -50.0);
+    EXPECT_EQ(bounds[3], 100.0);
+    // Times given as 1..5: only values inside them count; the given bounds stay.
+    double window[4] = {1.0, 5.0, 0.0, 0.0};
+    const int flags[4] = {1, 1, -1, -1};
+    ASSERT_EQ(op_ScanRangeFiles({{a, REP_ALL}, {b, 1}}, window, flags), 0);
+    EXPECT_EQ(window[0], 1.0);
+    EXPECT_EQ(window[1], 5.0);
+    EXPECT_EQ(window[2], -3.0);
+    EXPECT_EQ(window[3], 100.0);
+}
+
+TEST_F(GraphScanTest, FilesThatCannotBeReadGiveTheLayersMessages) {
+    double bounds[4] = {0, 0, 0, 0};
+    EXPECT_EQ(op_ScanRangeFiles({{dir.Path("none.dat"), 1}}, bounds, kAllOpen), IDS_FILE_NOT_FOUND);
+    EXPECT_EQ(op_ScanRangeFiles({{a, 3}}, bounds, kAllOpen), IDS_INVALID_REP_TREATMENT);
+    test_WriteBytes(dir.Path("bad.dat"), "garbage");
+    EXPECT_EQ(op_ScanRangeFiles({{dir.Path("bad.dat"), 1}}, bounds, kAllOpen), IDS_INVALID_HEADER);
+}
+
+TEST_F(GraphScanTest, TheReaderFollowsReplications) {
+    int err = 0;
+    FILE* f = op_OpenDataFile(&err, a.c_str(), 2, true);
+    ASSERT_NE(f, nullptr);
+    DataFileHeader h;
+    ASSERT_EQ(op_ReadFileHdr(f, false, &h), 0);
+    long start = std::ftell(f);
+    int rep = 1;
+    double t = 0, v = 0;
+    op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);
+    op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);
+    op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);  // (-1, 0) closes replication 1
+    EXPECT_EQ(t, -1.0);
+    EXPECT_EQ(rep, 2);
+    for (int i = 0; i < 3; ++i) op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);
+    EXPECT_EQ(t, -2.0);  // (-2, -1) ends the data; rep stays
+    EXPECT_EQ(v, -1.0);
+    op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);
+    EXPECT_EQ(t, -1.0);  // end of file reads as the end mark
+    EXPECT_EQ(v, -1.0);
+    std::fseek(f, start, SEEK_SET);
+    rep = REP_LUMPED;
+    for (int i = 0; i < 3; ++i) op_ReadGraphRecord(f, 1, REP_LUMPED, &rep, &t, &v);
+    EXPECT_EQ(rep, REP_LUMPED);
+    std::fclose(f);
+}
+
+}  // namespace

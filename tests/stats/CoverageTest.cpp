@@ -1,0 +1,85 @@
+// Coverage on independent normal data: over 600 samples of 20 observations
+// each, a 95% interval must contain the true value about 95% of the time.
+// With 600 samples the binomial standard deviation is 0.0089, so the
+// accepted band of 0.92 to 0.98 is more than three standard deviations wide.
+// The standardized time series interval with batches of two is exactly
+// Student t with 2b - 1 degrees of freedom on such data, so it is held to
+// the same band.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+#include "datafile/FileGlobals.h"
+#include "series/StdInDlg.h"
+#include "series/StdIntrvlDoc.h"
+#include "stats/IntervalTestFiles.h"
+#include "stats/IntrvlDlg.h"
+#include "stats/IntrvlDoc.h"
+#include "stats/SdIntDoc.h"
+
+namespace {
+
+constexpr double kMean = 50.0;
+constexpr double kSigma = 4.0;
+constexpr int kSamples = 600;
+constexpr int kSize = 20;
+
+// Box-Muller over a generator whose output the standard fixes, so the data
+// are the same everywhere.
+std::vector<std::vector<double>> NormalSamples() {
+    std::mt19937_64 rng(20240601);
+    auto uniform = [&rng] { return (static_cast<double>(rng() >> 11) + 0.5) / 9007199254740992.0; };
+    std::vector<std::vector<double>> reps(kSamples);
+    for (auto& rep : reps) {
+        while (rep.size() < kSize) {
+            const double r = std::sqrt(-2.0 * std::log(uniform()));
+            const double angle = 6.283185307179586 * uniform();
+            rep.push_back(kMean + kSigma * r * std::cos(angle));
+            rep.push_back(kMean + kSigma * r * std::sin(angle));
+        }
+    }
+    return reps;
+}
+
+class CoverageTest : public ::testing::Test {
+protected:
+    void SetUp() override { path = dir.WriteReps("normal.dat", KIND_TALLY, NormalSamples()); }
+
+    template <class Dlg, class Doc>
+    double Coverage(double truth) {
+        Dlg dlg;
+        dlg.AddFile(path, "All");
+        dlg.m_strLevel = "95";
+        Doc doc;
+        EXPECT_EQ(doc.InitFromDialog(dlg), 0);
+        EXPECT_EQ(doc.m_items.size(), static_cast<std::size_t>(kSamples));
+        int covered = 0;
+        for (const CMultiFileItem& row : doc.m_items) covered += row.m_dLower <= truth && truth <= row.m_dUpper;
+        RecordProperty("covered", covered);
+        return static_cast<double>(covered) / kSamples;
+    }
+
+    IntervalTestDir dir;
+    std::string path;
+};
+
+TEST_F(CoverageTest, MeanInterval) {
+    const double c = Coverage<CIntrvlDlg, CIntrvlDoc>(kMean);
+    EXPECT_GT(c, 0.92);
+    EXPECT_LT(c, 0.98);
+}
+
+TEST_F(CoverageTest, StandardDeviationInterval) {
+    const double c = Coverage<CSdIntDlg, CSdIntDoc>(kSigma);
+    EXPECT_GT(c, 0.92);
+    EXPECT_LT(c, 0.98);
+}
+
+TEST_F(CoverageTest, StandardizedTimeSeriesInterval) {
+    const double c = Coverage<CStdInDlg, CStdIntrvlDoc>(kMean);
+    EXPECT_GT(c, 0.92);
+    EXPECT_LT(c, 0.98);
+}
+
+}  // namespace
