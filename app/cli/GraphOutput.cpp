@@ -4,7 +4,6 @@
 #include <ostream>
 
 #include "framework/Host.h"
-#include "framework/Messages.h"
 #include "framework/SafeOutput.h"
 #include "framework/SvgDC.h"
 #include "framework/Frame.h"
@@ -66,12 +65,6 @@ int cli_WriteSvg(const SvgOptions& opts, const std::string& caption, const std::
         return 1;
     }
     return 0;
-}
-
-int cli_WriteGraphSvg(const SvgOptions& opts, int captionId, const std::string& subject, CView& view) {
-    if (opts.path.empty()) return 0;
-    view.OnInitialUpdate();
-    return cli_WriteSvg(opts, msg_Text(captionId) + subject, {{&view, 0}});
 }
 
 std::function<void(CDocFrame&, std::ostream&)> cli_SvgFrame(const SvgOptions& opts) {

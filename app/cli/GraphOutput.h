@@ -32,11 +32,6 @@ struct SvgPane {
 // output. Does nothing without --svg. Returns 0, or 1 after a message.
 int cli_WriteSvg(const SvgOptions& opts, const std::string& caption, const std::vector<SvgPane>& panes);
 
-// The graph pane of an analysis window: the view, given its document, takes
-// its data (OnInitialUpdate) and fills the whole drawing. The caption is the
-// frame's: the text of captionId followed by subject.
-int cli_WriteGraphSvg(const SvgOptions& opts, int captionId, const std::string& subject, CView& view);
-
 // How a graphical command shows the window its command entry opens: the
 // reports are printed and, with --svg, the graph views are drawn as the
 // window lays them out (a split frame's graph above its second view),
