@@ -4,11 +4,9 @@
 #include <ostream>
 
 #include "Command.h"
-#include "framework/FileName.h"
-#include "framework/Host.h"
+#include "GroupArgs.h"
+#include "group/Commands.h"
 #include "series/FiltrDlg.h"
-#include "series/FiltrDoc.h"
-#include "series/FiltrView.h"
 
 namespace {
 
@@ -21,13 +19,14 @@ struct Options {
     std::string batchType;
     std::string batchSize;
     std::string out;
+    CliGroup group;
 };
 Options g_opt;
 
 CLI::App* Setup(CLI::App& app) {
     g_opt = Options{};
     CLI::App* sub = app.add_subcommand("batch", "Batch/Truncate: batch means of a data file, with a correlation test");
-    sub->add_option("FILE", g_opt.file, "Data file (.dat or .flt)")->required();
+    sub->add_option("FILE", g_opt.file, "Data file (.dat or .flt; #N: of the --group)")->required();
     sub->add_option("--reps", g_opt.reps, "Replications: a number, All or Lumped (default 1)");
     sub->add_option("--title", g_opt.title, "Title of the summary and of the output file");
     sub->add_option("--trunc-type", g_opt.truncType,
@@ -37,48 +36,34 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--batch-size", g_opt.batchSize,
                     "Time span or observations per batch (default: ten batches of the first replication)");
     sub->add_option("--out", g_opt.out, "File for the batch means (.flt added when there is no extension)");
+    g_opt.group.AddOption(sub);
     sub->footer(
         "Unit texts are read by their first letter (T or O), as in the dialog; numbers lie in 0..999999.\n"
         "Batching by time always truncates by time.");
     return sub;
 }
 
-// The flow the desktop command takes: dialog checks, document, report.
-int RunBatch(CFiltrDlg& dlg, CliIO& io) {
-    if (!dlg.m_strOutFile.empty() && !fn_HasExtension(dlg.m_strOutFile)) dlg.m_strOutFile += ".flt";
-    int index = 0;
-    if (int id = dlg.Validate(&index)) {
-        AfxMessageBox(id);
-        return cli_Status(id);
-    }
-    CFiltrDoc doc;
-    int rc = doc.InitFromDialog(dlg);
-    if (rc > 0) AfxMessageBox(rc);  // -1: the open has shown its own message
-    if (rc) return cli_Status(rc);
-    CFiltrView view;
-    view.SetDocument(&doc);
-    io.out << txt_ReportText(view);
-    return cli_Status(0);
-}
-
-int Run(CliIO& io) {
-    CFiltrDlg dlg;
-    dlg.m_strFile = g_opt.file;
-    dlg.m_strReps = g_opt.reps;
-    dlg.m_strTitle = g_opt.title;
-    dlg.m_strTruncType = g_opt.truncType;
-    dlg.m_strTrunc = g_opt.trunc;
-    dlg.m_strBatchType = g_opt.batchType;
-    dlg.m_strBatchSize = g_opt.batchSize;
-    dlg.m_strOutFile = g_opt.out;
-    return RunBatch(dlg, io);
+// The dialog's fields from the command line; the command entry does the rest
+// as in the desktop program, the ".flt" of an output name included.
+int Run(CliIO&) {
+    std::string file = g_opt.group.Resolve(g_opt.file);
+    return cli_RunEntry<CFiltrDlg>(g_OnFilter, g_opt.group, [&](CFiltrDlg& dlg) {
+        dlg.m_strFile = file;
+        dlg.m_strReps = g_opt.reps;
+        dlg.m_strTitle = g_opt.title;
+        dlg.m_strTruncType = g_opt.truncType;
+        dlg.m_strTrunc = g_opt.trunc;
+        dlg.m_strBatchType = g_opt.batchType;
+        dlg.m_strBatchSize = g_opt.batchSize;
+        dlg.m_strOutFile = g_opt.out;
+    });
 }
 
 CommandRegistrar g_reg(300, Setup, Run);
 
 DemoRegistrar g_demoTally({300,
                            "Batch/Truncate: waits in batches of 50 observations after 100 are dropped",
-                           {"batch", "waits.dat", "--title", "Waiting time in queue", "--trunc-type", "Observation",
+                           {"batch", "--group", "samples.dgr", "#1", "--title", "Waiting time in queue", "--trunc-type", "Observation",
                             "--trunc", "100", "--batch-type", "Observation", "--batch-size", "50", "--out",
                             "waits_batched"},
                            ""});

@@ -6,11 +6,9 @@
 
 #include "Command.h"
 #include "FileArgs.h"
-#include "GraphEntry.h"
-#include "graph/IntervalViews.h"
+#include "GraphOutput.h"
+#include "GroupArgs.h"
 #include "group/Commands.h"
-#include "stats/ComprDoc.h"
-#include "stats/VarDoc.h"
 #include "stats/PairDialogs.h"
 
 namespace {
@@ -21,8 +19,8 @@ struct Options {
     std::string title;
     bool scale = false;
     std::vector<std::string> files;
-    SvgOptions svg;
     CliGroup group;
+    SvgOptions svg;
 };
 Options g_compare;
 Options g_vartest;
@@ -36,8 +34,8 @@ void AddCommon(CLI::App* sub, Options& o) {
     sub->add_option("--title", o.title, "Title of the report");
     sub->add_flag("--scale", o.scale, "Show the scale on the chart");
     sub->add_option("FILE", o.files, kFilesHelp);
-    cli_AddSvgOptions(sub, o.svg, false);
     o.group.AddOption(sub);
+    cli_AddSvgOptions(sub, o.svg, false);
 }
 
 // The pair list as the dialog takes it; an odd count is a usage error.
@@ -68,8 +66,8 @@ CLI::App* SetupCompare(CLI::App& app) {
 
 int RunCompare(CliIO&) {
     std::vector<FileArg> files = PairFiles(g_compare);
-    return cli_RunGraphEntry<CComprDlg, CComprDoc, CComprView>(g_OnComparison, g_compare.group, g_compare.svg,
-                                                               [&](CComprDlg& dlg) {
+    cli_Host().SetFrameHandler(cli_SvgFrame(g_compare.svg));
+    return cli_RunEntry<CComprDlg>(g_OnComparison, g_compare.group, [&](CComprDlg& dlg) {
         FillPairs(dlg, g_compare, files);
         dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
     });
@@ -84,8 +82,9 @@ CLI::App* SetupVartest(CLI::App& app) {
 
 int RunVartest(CliIO&) {
     std::vector<FileArg> files = PairFiles(g_vartest);
-    return cli_RunGraphEntry<CVarDlg, CVarDoc, CVarView>(g_OnVartest, g_vartest.group, g_vartest.svg,
-                                                         [&](CVarDlg& dlg) { FillPairs(dlg, g_vartest, files); });
+    cli_Host().SetFrameHandler(cli_SvgFrame(g_vartest.svg));
+    return cli_RunEntry<CVarDlg>(g_OnVartest, g_vartest.group,
+                                 [&](CVarDlg& dlg) { FillPairs(dlg, g_vartest, files); });
 }
 
 CommandRegistrar g_regCompare(300, SetupCompare, RunCompare);

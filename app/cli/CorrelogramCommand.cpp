@@ -1,10 +1,9 @@
 // oproc correlogram FILE [--reps TEXT] [--title TEXT] --max-lags TEXT [--out PATH]:
 // autocovariances and autocorrelations of a data file's observations.
 #include "Command.h"
-#include "GraphEntry.h"
-#include "graph/CorrView.h"
+#include "GraphOutput.h"
+#include "GroupArgs.h"
 #include "group/Commands.h"
-#include "series/CorrDoc.h"
 #include "series/CorrDlg.h"
 
 namespace {
@@ -15,8 +14,8 @@ struct Options {
     std::string title;
     std::string maxLags;
     std::string out;
-    SvgOptions svg;
     CliGroup group;
+    SvgOptions svg;
 };
 Options g_opt;
 
@@ -29,8 +28,8 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--title", g_opt.title, "Title of the summary and of the saved file");
     sub->add_option("--max-lags", g_opt.maxLags, "Largest lag, 1 to 9999")->required();
     sub->add_option("--out", g_opt.out, "Save the correlations in this data file (.cor added when no extension)");
-    cli_AddSvgOptions(sub, g_opt.svg, false);
     g_opt.group.AddOption(sub);
+    cli_AddSvgOptions(sub, g_opt.svg, false);
     return sub;
 }
 
@@ -38,7 +37,8 @@ CLI::App* Setup(CLI::App& app) {
 // as in the desktop program, the ".cor" of an output name included.
 int Run(CliIO&) {
     std::string file = g_opt.group.Resolve(g_opt.file);
-    return cli_RunGraphEntry<CCorrDlg, CCorrDoc, CCorrView>(g_OnCorrelogram, g_opt.group, g_opt.svg, [&](CCorrDlg& dlg) {
+    cli_Host().SetFrameHandler(cli_SvgFrame(g_opt.svg));
+    return cli_RunEntry<CCorrDlg>(g_OnCorrelogram, g_opt.group, [&](CCorrDlg& dlg) {
         dlg.m_strFile = file;
         dlg.m_strReps = g_opt.reps;
         dlg.m_strTitle = g_opt.title;

@@ -1,12 +1,16 @@
 #include "GraphOutput.h"
 
 #include <cstdio>
+#include <ostream>
 
 #include "framework/Host.h"
-#include "framework/Messages.h"
 #include "framework/SafeOutput.h"
 #include "framework/SvgDC.h"
+#include "framework/Frame.h"
 #include "framework/View.h"
+#include "graph/BaseWnd.h"
+#include "graph/GraphDoc.h"
+#include "report/TextView.h"
 
 namespace {
 
@@ -63,8 +67,22 @@ int cli_WriteSvg(const SvgOptions& opts, const std::string& caption, const std::
     return 0;
 }
 
-int cli_WriteGraphSvg(const SvgOptions& opts, int captionId, const std::string& subject, CView& view) {
-    if (opts.path.empty()) return 0;
-    view.OnInitialUpdate();
-    return cli_WriteSvg(opts, msg_Text(captionId) + subject, {{&view, 0}});
+std::function<void(CDocFrame&, std::ostream&)> cli_SvgFrame(const SvgOptions& opts) {
+    return [&opts](CDocFrame& frame, std::ostream& out) {
+        std::vector<CView*> graphs;
+        for (const auto& v : frame.Views()) {
+            if (const auto* text = dynamic_cast<const CTextView*>(v.get()))
+                out << text->GetText();
+            else if (auto* view = dynamic_cast<CView*>(v.get()))
+                graphs.push_back(view);
+        }
+        if (graphs.empty()) return;
+        std::vector<SvgPane> panes{{graphs[0], 0}};
+        if (graphs.size() > 1) {
+            const auto* doc = dynamic_cast<const CGraphDoc*>(frame.GetActiveDocument());
+            panes[0].height = CBaseWndSplit::FirstPaneHeight(opts.height, doc ? doc->m_nMinFirstPane : 0);
+            panes.push_back({graphs[1], 0});
+        }
+        cli_WriteSvg(opts, frame.GetWindowText(), panes);
+    };
 }

@@ -4,9 +4,12 @@
 
 #include <CLI/CLI.hpp>
 
+#include <functional>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
+class CDocFrame;
 class CView;
 
 struct SvgOptions {
@@ -29,7 +32,8 @@ struct SvgPane {
 // output. Does nothing without --svg. Returns 0, or 1 after a message.
 int cli_WriteSvg(const SvgOptions& opts, const std::string& caption, const std::vector<SvgPane>& panes);
 
-// The graph pane of an analysis window: the view, given its document, takes
-// its data (OnInitialUpdate) and fills the whole drawing. The caption is the
-// frame's: the text of captionId followed by subject.
-int cli_WriteGraphSvg(const SvgOptions& opts, int captionId, const std::string& subject, CView& view);
+// How a graphical command shows the window its command entry opens: the
+// reports are printed and, with --svg, the graph views are drawn as the
+// window lays them out (a split frame's graph above its second view),
+// captioned as the window. Install with cli_Host().SetFrameHandler.
+std::function<void(CDocFrame&, std::ostream&)> cli_SvgFrame(const SvgOptions& opts);

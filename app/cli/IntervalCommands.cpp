@@ -5,17 +5,10 @@
 
 #include "Command.h"
 #include "FileArgs.h"
-#include "GraphOutput.h"
-#include "graph/IntervalViews.h"
-#include "framework/Host.h"
+#include "GroupArgs.h"
+#include "group/Commands.h"
 #include "series/StdInDlg.h"
-#include "series/StdIntTextView.h"
-#include "series/StdIntrvlDoc.h"
 #include "stats/IntrvlDlg.h"
-#include "stats/IntrvlDoc.h"
-#include "stats/IntrvlTextView.h"
-#include "stats/SdIntDoc.h"
-#include "stats/SdIntTextView.h"
 
 namespace {
 
@@ -24,7 +17,7 @@ struct Options {
     std::string level = "0.95";
     std::string title;
     bool scale = false;
-    SvgOptions svg;
+    CliGroup group;
 };
 
 Options g_mean, g_sd, g_std;
@@ -38,58 +31,40 @@ CLI::App* AddCommand(CLI::App& app, const char* name, const char* about, Options
         ->capture_default_str();
     sub->add_option("--title", opt.title, "Title printed under the report title");
     sub->add_flag("--scale", opt.scale, "Show the scale on the chart");
-    cli_AddSvgOptions(sub, opt.svg, false);
+    opt.group.AddOption(sub);
     return sub;
 }
 
-void FillDialog(CIntrvlDlg& dlg, const Options& opt) {
-    for (const std::string& f : opt.files) {
-        FileArg a = cli_ParseFileArg(f);
-        dlg.AddFile(a.path, a.reps);
-    }
+void FillDialog(CIntrvlDlg& dlg, const Options& opt, const std::vector<FileArg>& files) {
+    dlg.m_items.clear();
+    for (const FileArg& f : files) dlg.AddFile(f.path, f.reps);
     // The level box takes no more than this typed in.
     dlg.m_strLevel = opt.level.substr(0, CIntrvlDlg::kLevelTextLimit);
     dlg.m_strTitle = opt.title;
     dlg.m_bScale = opt.scale;
 }
 
-// The flow every interval analysis shares: validate, compute, report.
-template <class Dlg, class Doc, class View, class Graph>
-int RunAnalysis(const Options& opt, int captionId, CliIO& io) {
-    Dlg dlg;
-    FillDialog(dlg, opt);
-    int row = -1;
-    if (int rc = dlg.Validate(&row)) {
-        AfxMessageBox(rc);
-        return cli_Status(rc);
-    }
-    Doc doc;
-    if (int rc = doc.InitFromDialog(dlg)) {
-        AfxMessageBox(rc);
-        return cli_Status(rc);
-    }
-    View view;
-    view.SetDocument(&doc);
-    io.out << txt_ReportText(view);
-    Graph graph;
-    graph.SetDocument(&doc);
-    return cli_Status(cli_WriteGraphSvg(opt.svg, captionId, doc.m_strTitle, graph));
+// The flow every interval analysis shares, through its command entry.
+template <class Dlg>
+int RunAnalysis(int (*entry)(COutputView*), Options& opt) {
+    std::vector<FileArg> files = opt.group.ParseFileArgs(opt.files);
+    return cli_RunEntry<Dlg>(entry, opt.group, [&](Dlg& dlg) { FillDialog(dlg, opt, files); });
 }
 
 CLI::App* SetupMean(CLI::App& app) {
     return AddCommand(app, "interval", "Classical confidence intervals on the mean", g_mean);
 }
-int RunMean(CliIO& io) { return RunAnalysis<CIntrvlDlg, CIntrvlDoc, CIntrvlTextView, CIntrvlView>(g_mean, 16021, io); }
+int RunMean(CliIO&) { return RunAnalysis<CIntrvlDlg>(g_OnInterval, g_mean); }
 
 CLI::App* SetupSd(CLI::App& app) {
     return AddCommand(app, "sdinterval", "Confidence intervals on the standard deviation", g_sd);
 }
-int RunSd(CliIO& io) { return RunAnalysis<CSdIntDlg, CSdIntDoc, CSdIntTextView, CSdIntView>(g_sd, 16023, io); }
+int RunSd(CliIO&) { return RunAnalysis<CSdIntDlg>(g_OnSdinterval, g_sd); }
 
 CLI::App* SetupStd(CLI::App& app) {
     return AddCommand(app, "stdinterval", "Standardized time series confidence intervals on the mean", g_std);
 }
-int RunStd(CliIO& io) { return RunAnalysis<CStdInDlg, CStdIntrvlDoc, CStdIntTextView, CStdIntView>(g_std, 16024, io); }
+int RunStd(CliIO&) { return RunAnalysis<CStdInDlg>(g_OnStdinterval, g_std); }
 
 CommandRegistrar g_regMean(200, SetupMean, RunMean);
 CommandRegistrar g_regSd(210, SetupSd, RunSd);
@@ -98,16 +73,16 @@ CommandRegistrar g_regStd(220, SetupStd, RunStd);
 DemoRegistrar g_demoMean({200,
                           "Classical confidence intervals on the mean: each replication of the waits, "
                           "and the replication averages pooled",
-                          {"interval", "--title", "Waiting time in queue", "--scale", "waits.dat@All", "meanwait.dat@Lumped",
-                           "--svg", "interval.svg"},
-                          "interval.svg"});
+                          {"interval", "--title", "Waiting time in queue", "--group", "samples.dgr", "#1@All",
+                           "#5@Lumped"},
+                          ""});
 DemoRegistrar g_demoSd({210,
                         "Confidence intervals on the standard deviation at 90%",
-                        {"sdinterval", "--level", "90", "waits.dat@All", "meanwait.dat@Lumped", "--svg", "sdinterval.svg"},
-                        "sdinterval.svg"});
+                        {"sdinterval", "--level", "90", "waits.dat@All", "meanwait.dat@Lumped"},
+                        ""});
 DemoRegistrar g_demoStd({220,
                          "Standardized time series intervals on the mean wait, allowing for correlation",
-                         {"stdinterval", "--scale", "waits.dat@All", "waits.dat@Lumped", "--svg", "stdinterval.svg"},
-                         "stdinterval.svg"});
+                         {"stdinterval", "waits.dat@All", "waits.dat@Lumped"},
+                         ""});
 
 }  // namespace

@@ -6,12 +6,9 @@
 #include "Command.h"
 #include "FileArgs.h"
 #include "GraphOutput.h"
-#include "framework/Host.h"
-#include "framework/Messages.h"
-#include "graph/BaseWnd.h"
+#include "GroupArgs.h"
 #include "graph/PlotDlg.h"
-#include "graph/PlotDoc.h"
-#include "graph/PlotView.h"
+#include "group/Commands.h"
 
 namespace {
 
@@ -20,6 +17,7 @@ struct Options {
     std::string title, xLabel, yLabel, from, to, min, max;
     bool xGiven = false, yGiven = false;
     SvgOptions svg;
+    CliGroup group;
 };
 Options g_opt;
 
@@ -35,45 +33,30 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--min", g_opt.min, "Lowest value shown (default: from the data)");
     sub->add_option("--max", g_opt.max, "Highest value shown (default: from the data)");
     cli_AddSvgOptions(sub, g_opt.svg, true);
+    g_opt.group.AddOption(sub);
     sub->footer(
         "Each curve has its own colour and line style, named in the legend under the graph.\n"
         "Times and values left out are taken from the data of all files.");
     return sub;
 }
 
-int Plot(const Options& opt) {
-    CPlotDlg dlg;
-    for (const std::string& arg : opt.files) {
-        FileArg f = cli_ParseFileArg(arg);
-        dlg.AddFile(f.path, f.reps);
-    }
-    dlg.m_strTitle = opt.title;
-    if (!opt.xLabel.empty()) dlg.m_strXLabel = opt.xLabel;
-    if (!opt.yLabel.empty()) dlg.m_strYLabel = opt.yLabel;
-    dlg.m_strBeginTime = opt.from;
-    dlg.m_strEndTime = opt.to;
-    dlg.m_strMinValue = opt.min;
-    dlg.m_strMaxValue = opt.max;
-    int index = 0;
-    if (int rc = dlg.Validate(&index)) return AfxMessageBox(rc), rc;
-
-    CPlotDoc doc;
-    if (int rc = doc.InitFromDialog(dlg)) {
-        if (!cli_Host().MessageShown()) AfxMessageBox(rc);
-        return rc;
-    }
-    CPlotView graph;
-    graph.SetDocument(&doc);
-    CPlotLegendView legend;
-    legend.SetDocument(&doc);
-    CBaseWnd frame;
-    frame.SetActiveDocument(&doc);
-    frame.SetFrameCaption(16019, true);
-    int first = CBaseWndSplit::FirstPaneHeight(opt.svg.height, doc.m_nMinFirstPane);
-    return cli_WriteSvg(opt.svg, frame.GetWindowText(), {{&graph, first}, {&legend, 0}});
+// The dialog's fields from the command line; the command entry makes the
+// window, graph above legend, and the SVG is drawn from it.
+int Run(CliIO&) {
+    std::vector<FileArg> files = g_opt.group.ParseFileArgs(g_opt.files);
+    cli_Host().SetFrameHandler(cli_SvgFrame(g_opt.svg));
+    return cli_RunEntry<CPlotDlg>(g_OnPlot, g_opt.group, [&](CPlotDlg& dlg) {
+        dlg.m_items.clear();
+        for (const FileArg& f : files) dlg.AddFile(f.path, f.reps);
+        dlg.m_strTitle = g_opt.title;
+        if (!g_opt.xLabel.empty()) dlg.m_strXLabel = g_opt.xLabel;
+        if (!g_opt.yLabel.empty()) dlg.m_strYLabel = g_opt.yLabel;
+        dlg.m_strBeginTime = g_opt.from;
+        dlg.m_strEndTime = g_opt.to;
+        dlg.m_strMinValue = g_opt.min;
+        dlg.m_strMaxValue = g_opt.max;
+    });
 }
-
-int Run(CliIO&) { return cli_Status(Plot(g_opt)); }
 
 CommandRegistrar g_reg(600, Setup, Run);
 

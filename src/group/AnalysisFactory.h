@@ -32,8 +32,9 @@ struct AnalysisFactory {
     // single-file dialog takes the selected file, a file-list dialog with an
     // empty list starts with it.
     void (*prepare)(CDialog& dlg, COutputView* view) = nullptr;
-    // What follows the title prefix in the window caption; null: the data
-    // file's name, or the title or first file of a file-list dialog.
+    // What follows the title prefix in the window caption; null: the
+    // document's title, else the dialog's data file name, or the title or
+    // first file of a file-list dialog.
     std::string (*subject)(const CDialog& dlg, const CBaseFileDoc& doc) = nullptr;
 };
 

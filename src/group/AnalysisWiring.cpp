@@ -5,8 +5,14 @@
 
 void grp_RegisterPairs();        // stats/PairRegistration.cpp: Comparison, Vartest
 void grp_RegisterCorrelogram();  // series/CorrRegistration.cpp
+void grp_RegisterFilter();       // series/FiltrRegistration.cpp: BatchTruncate
+void grp_RegisterIntervals();    // stats/IntervalRegistration.cpp: Intervals, SdIntervals, StdInterval
+void grp_RegisterPlot();         // graph/PlotRegistration.cpp
 
 void grp_RegisterAnalyses() {
     grp_RegisterPairs();
     grp_RegisterCorrelogram();
+    grp_RegisterFilter();
+    grp_RegisterIntervals();
+    grp_RegisterPlot();
 }

@@ -6,6 +6,7 @@
 #include "framework/Dialog.h"
 #include "framework/Host.h"
 #include "framework/Messages.h"
+#include "framework/View.h"
 #include "graph/FileDialogs.h"
 #include "group/AnalysisFactory.h"
 #include "group/OutputDoc.h"
@@ -55,14 +56,17 @@ void Release(CWinApp& app) {
 
 std::string FileName(const std::string& path) { return std::filesystem::path(path).filename().string(); }
 
+// The document's title, as a frame shows it; a document without one is named
+// by its dialog: the data file, or the title or first file of a list.
 std::string DefaultSubject(const CDialog& dlg, const CBaseFileDoc& doc) {
+    if (!doc.GetTitle().empty()) return doc.GetTitle();
     if (const auto* single = dynamic_cast<const CBaseDlg*>(&dlg); single && !single->m_strFile.empty())
         return FileName(single->m_strFile);
     if (const auto* multi = dynamic_cast<const CBaseMultiDlg*>(&dlg)) {
         if (!multi->m_strTitle.empty()) return multi->m_strTitle;
         if (!multi->m_items.empty()) return FileName(multi->m_items.front().m_strPath);
     }
-    return doc.GetTitle();
+    return {};
 }
 
 // Shows the initialiser's message unless the document already did.
@@ -121,8 +125,10 @@ std::vector<std::unique_ptr<CObject>> CAnalysisTemplate::CreateViews(CDocument& 
 }
 
 void CAnalysisTemplate::InitialUpdateFrame(CDocFrame& frame) {
-    for (const auto& v : frame.Views())
+    for (const auto& v : frame.Views()) {
         if (auto* text = dynamic_cast<CTextView*>(v.get())) text->SetText(txt_ReportText(*text));
+        if (auto* view = dynamic_cast<CView*>(v.get())) view->OnInitialUpdate();
+    }
 }
 
 int CAnalysisTemplate::OpenAnalysis(CDialog& dlg, const std::string& prefix) {

@@ -35,7 +35,8 @@ public:
 
     // Null when the analysis is not part of this build.
     std::unique_ptr<CDocument> CreateNewDocument() override;
-    // Fills every report view with its report.
+    // Fills every report view with its report and lets the graph views take
+    // their data.
     void InitialUpdateFrame(CDocFrame& frame) override;
 
     // Makes a document, initialises it from dlg and, only when that succeeds,

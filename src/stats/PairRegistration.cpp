@@ -1,4 +1,6 @@
-// The pair analyses in the command spine: comparison of means and of variances.
+// The pair analyses in the command spine: comparison of means and of
+// variances, each a split window of its chart above its report.
+#include "graph/IntervalViews.h"
 #include "group/AnalysisFactory.h"
 #include "stats/ComprDoc.h"
 #include "stats/ComprTextView.h"
@@ -7,6 +9,6 @@
 #include "stats/VarTextView.h"
 
 void grp_RegisterPairs() {
-    grp_SetAnalysis("Comparison", grp_MakeAnalysis<CComprDlg, CComprDoc, CComprTextView>());
-    grp_SetAnalysis("Vartest", grp_MakeAnalysis<CVarDlg, CVarDoc, CVarTextView>());
+    grp_SetAnalysis("Comparison", grp_MakeAnalysis<CComprDlg, CComprDoc, CComprView, CComprTextView>());
+    grp_SetAnalysis("Vartest", grp_MakeAnalysis<CVarDlg, CVarDoc, CVarView, CVarTextView>());
 }

@@ -1,8 +1,9 @@
 // The analyses wired into the program make whole windows: a dialog, a document
-// and a report view, through the template of their command.
+// and views over it, through the template of their command.
 #include <gtest/gtest.h>
 
 #include "framework/DocTemplate.h"
+#include "framework/View.h"
 #include "group/AnalysisFactory.h"
 #include "group/Commands.h"
 #include "group/Startup.h"
@@ -10,7 +11,7 @@
 
 namespace {
 
-TEST(AnalysisWiring, EveryInstalledAnalysisMakesDialogDocumentAndReport) {
+TEST(AnalysisWiring, EveryInstalledAnalysisMakesDialogDocumentAndViews) {
     CWinApp app;
     InitOutputProcessor2(&app);
     int installed = 0;
@@ -24,10 +25,16 @@ TEST(AnalysisWiring, EveryInstalledAnalysisMakesDialogDocumentAndReport) {
         ASSERT_NE(f->createViews, nullptr) << c.templateName;
         auto views = f->createViews(*doc);
         ASSERT_FALSE(views.empty()) << c.templateName;
-        // The report view comes last, below any graph.
-        auto* text = dynamic_cast<CTextView*>(views.back().get());
-        ASSERT_NE(text, nullptr) << c.templateName;
-        EXPECT_EQ(text->GetDocument(), doc.get());
+        for (std::size_t i = 0; i < views.size(); ++i) {
+            auto* text = dynamic_cast<CTextView*>(views[i].get());
+            auto* graph = dynamic_cast<CView*>(views[i].get());
+            ASSERT_TRUE(text || graph) << c.templateName;
+            EXPECT_EQ(text ? text->GetDocument() : graph->GetDocument(), doc.get()) << c.templateName;
+            // A report sits below any graph.
+            if (text) {
+                EXPECT_EQ(i, views.size() - 1) << c.templateName;
+            }
+        }
         // A command that writes a file names the field its extension goes to.
         if (f->outputFile) {
             auto dlg = f->createDialog();
@@ -35,11 +42,10 @@ TEST(AnalysisWiring, EveryInstalledAnalysisMakesDialogDocumentAndReport) {
             EXPECT_NE(c.defaultExt, nullptr) << c.templateName;
         }
     }
-    // The pair analyses and the correlogram at least.
-    EXPECT_NE(grp_FindAnalysis("Comparison"), nullptr);
-    EXPECT_NE(grp_FindAnalysis("Vartest"), nullptr);
-    EXPECT_NE(grp_FindAnalysis("Correlogram"), nullptr);
-    EXPECT_GE(installed, 3);
+    for (const char* name : {"Comparison", "Vartest", "Correlogram", "BatchTruncate", "Intervals", "SdIntervals",
+                             "StdInterval", "Plot"})
+        EXPECT_NE(grp_FindAnalysis(name), nullptr) << name;
+    EXPECT_GE(installed, 8);
     ShutdownOutputProcessor();
 }
 
