@@ -5,6 +5,7 @@
 
 #include "Command.h"
 #include "FileArgs.h"
+#include "GraphOutput.h"
 #include "GroupArgs.h"
 #include "group/Commands.h"
 #include "series/StdInDlg.h"
@@ -17,6 +18,7 @@ struct Options {
     std::string level = "0.95";
     std::string title;
     bool scale = false;
+    SvgOptions svg;
     CliGroup group;
 };
 
@@ -31,6 +33,7 @@ CLI::App* AddCommand(CLI::App& app, const char* name, const char* about, Options
         ->capture_default_str();
     sub->add_option("--title", opt.title, "Title printed under the report title");
     sub->add_flag("--scale", opt.scale, "Show the scale on the chart");
+    cli_AddSvgOptions(sub, opt.svg, false);
     opt.group.AddOption(sub);
     return sub;
 }
@@ -48,6 +51,7 @@ void FillDialog(CIntrvlDlg& dlg, const Options& opt, const std::vector<FileArg>&
 template <class Dlg>
 int RunAnalysis(int (*entry)(COutputView*), Options& opt) {
     std::vector<FileArg> files = opt.group.ParseFileArgs(opt.files);
+    cli_Host().SetFrameHandler(cli_SvgFrame(opt.svg));
     return cli_RunEntry<Dlg>(entry, opt.group, [&](Dlg& dlg) { FillDialog(dlg, opt, files); });
 }
 
@@ -74,15 +78,15 @@ DemoRegistrar g_demoMean({200,
                           "Classical confidence intervals on the mean: each replication of the waits, "
                           "and the replication averages pooled",
                           {"interval", "--title", "Waiting time in queue", "--group", "samples.dgr", "#1@All",
-                           "#5@Lumped"},
-                          ""});
+                           "#5@Lumped", "--svg", "interval.svg"},
+                          "interval.svg"});
 DemoRegistrar g_demoSd({210,
                         "Confidence intervals on the standard deviation at 90%",
-                        {"sdinterval", "--level", "90", "waits.dat@All", "meanwait.dat@Lumped"},
-                        ""});
+                        {"sdinterval", "--level", "90", "waits.dat@All", "meanwait.dat@Lumped", "--svg", "sdinterval.svg"},
+                        "sdinterval.svg"});
 DemoRegistrar g_demoStd({220,
                          "Standardized time series intervals on the mean wait, allowing for correlation",
-                         {"stdinterval", "waits.dat@All", "waits.dat@Lumped"},
-                         ""});
+                         {"stdinterval", "--scale", "waits.dat@All", "waits.dat@Lumped", "--svg", "stdinterval.svg"},
+                         "stdinterval.svg"});
 
 }  // namespace

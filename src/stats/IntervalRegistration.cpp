@@ -1,7 +1,6 @@
-// The interval analyses in the command spine. Their charts take their rows
-// from the work table through SetRecords, which nothing calls from a document
-// yet; until a chart reads its document on initial update, the windows hold
-// the reports only.
+// The interval analyses in the command spine, each a split window of its
+// chart above its report.
+#include "graph/IntervalViews.h"
 #include "group/AnalysisFactory.h"
 #include "series/StdInDlg.h"
 #include "series/StdIntTextView.h"
@@ -13,7 +12,7 @@
 #include "stats/SdIntTextView.h"
 
 void grp_RegisterIntervals() {
-    grp_SetAnalysis("Intervals", grp_MakeAnalysis<CIntrvlDlg, CIntrvlDoc, CIntrvlTextView>());
-    grp_SetAnalysis("SdIntervals", grp_MakeAnalysis<CSdIntDlg, CSdIntDoc, CSdIntTextView>());
-    grp_SetAnalysis("StdInterval", grp_MakeAnalysis<CStdInDlg, CStdIntrvlDoc, CStdIntTextView>());
+    grp_SetAnalysis("Intervals", grp_MakeAnalysis<CIntrvlDlg, CIntrvlDoc, CIntrvlView, CIntrvlTextView>());
+    grp_SetAnalysis("SdIntervals", grp_MakeAnalysis<CSdIntDlg, CSdIntDoc, CSdIntView, CSdIntTextView>());
+    grp_SetAnalysis("StdInterval", grp_MakeAnalysis<CStdInDlg, CStdIntrvlDoc, CStdIntView, CStdIntTextView>());
 }
