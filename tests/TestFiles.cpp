@@ -20,7 +20,7 @@ TempDir::~TempDir() {
     std::filesystem::remove_all(m_dir, ec);
 }
 
-std::string test_HeaderBytes(const HeaderSpec& h) {
+std::string test_HeaderBytes(const HeaderFields& h) {
     char buf[512];
     std::snprintf(buf, sizeof buf,
                   "%d \r\n"
@@ -56,7 +56,7 @@ void test_WriteBytes(const std::string& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-void test_WriteDataFile(const std::string& path, const HeaderSpec& h, const std::vector<Rec>& recs) {
+void test_WriteDataFile(const std::string& path, const HeaderFields& h, const std::vector<Rec>& recs) {
     test_WriteBytes(path, test_HeaderBytes(h) + test_RecordBytes(recs, h.isDouble));
 }
 

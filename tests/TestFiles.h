@@ -26,7 +26,7 @@ private:
     std::filesystem::path m_dir;
 };
 
-struct HeaderSpec {
+struct HeaderFields {
     int kind = 3;
     std::string ident = "IDENT";
     std::string title = "A title";
@@ -37,11 +37,11 @@ struct HeaderSpec {
 };
 
 // The exact bytes of a data-file header, from the layout rules.
-std::string test_HeaderBytes(const HeaderSpec& h);
+std::string test_HeaderBytes(const HeaderFields& h);
 // The bytes of records in 8-byte or 4-byte precision.
 std::string test_RecordBytes(const std::vector<Rec>& recs, bool isDouble);
 // Writes header + records to path.
-void test_WriteDataFile(const std::string& path, const HeaderSpec& h, const std::vector<Rec>& recs);
+void test_WriteDataFile(const std::string& path, const HeaderFields& h, const std::vector<Rec>& recs);
 void test_WriteBytes(const std::string& path, const std::string& bytes);
 std::string test_ReadBytes(const std::string& path);
 

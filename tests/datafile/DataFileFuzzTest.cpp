@@ -36,7 +36,7 @@ void ReadEverything(const std::string& path) {
 
 TEST(DataFileFuzz, MutatedAndTruncatedFilesNeverCrash) {
     TempDir dir;
-    HeaderSpec h;
+    HeaderFields h;
     std::string good = test_HeaderBytes(h) +
                        test_RecordBytes(test_Replications({{{1, 1}, {2, 2}}, {{1, 3}, {-1, -2}}, {{4, 4}}}), true);
     std::mt19937 rng(2024);

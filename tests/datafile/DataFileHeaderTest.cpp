@@ -62,16 +62,16 @@ TEST(DataFileHeader, IdentifierIsCutAt24Characters) {
 
 TEST(DataFileHeader, ReadsWhatAnotherWriterWrote) {
     TempDir dir;
-    HeaderSpec spec;
-    spec.kind = 2;
-    spec.ident = "LEVEL";
-    spec.title = "Tank level";
-    spec.type = "CSTAT";
-    spec.reinit = false;
-    spec.isDouble = false;
-    spec.count = 42;
+    HeaderFields fields;
+    fields.kind = 2;
+    fields.ident = "LEVEL";
+    fields.title = "Tank level";
+    fields.type = "CSTAT";
+    fields.reinit = false;
+    fields.isDouble = false;
+    fields.count = 42;
     std::string path = dir.Path("in.dat");
-    test_WriteDataFile(path, spec, {{1.0, 2.0}});
+    test_WriteDataFile(path, fields, {{1.0, 2.0}});
     int err = 0;
     FILE* f = op_OpenDataFile(&err, path.c_str(), 2, true);
     ASSERT_NE(f, nullptr);
@@ -98,8 +98,8 @@ TEST(DataFileHeader, ReadsWhatAnotherWriterWrote) {
 // Each case: the bytes of a file and whether its header is accepted.
 TEST(DataFileHeader, RejectsDamagedHeaders) {
     TempDir dir;
-    HeaderSpec spec;
-    std::string good = test_HeaderBytes(spec);
+    HeaderFields fields;
+    std::string good = test_HeaderBytes(fields);
     std::string line4End = "      1\r\n";
     std::size_t afterLine4 = good.find(line4End) + line4End.size();
     auto withGap = [&](std::size_t bytesBeforeEnd) {

@@ -37,7 +37,7 @@ std::vector<Rec> ReadAllObs(const std::string& path, int treatment) {
 TEST(DataFileRecords, FloatAndDoubleFilesReadBackTheSameObservations) {
     TempDir dir;
     std::vector<Rec> recs = test_Replications({{{0.5, 1.25}, {1.0, -3.5}, {2.75, 1e6}}});
-    HeaderSpec d, s;
+    HeaderFields d, s;
     s.isDouble = false;
     test_WriteDataFile(dir.Path("d.dat"), d, recs);
     test_WriteDataFile(dir.Path("s.dat"), s, recs);
@@ -79,12 +79,12 @@ TEST(DataFileRecords, CountsReplications) {
     std::vector<Rec> three = test_Replications({{{1, 1}}, {{1, 2}, {2, 2}}, {{1, 3}}});
     std::vector<Rec> cut(three.begin(), three.end() - 1);
     std::vector<Rec> withSkips = {{1, 1}, {-1, -2}, {2, 1}, {-1, 0}, {-1, -2}, {3, 2}, {-2, -1}};
-    HeaderSpec tally, filtered;
+    HeaderFields tally, filtered;
     filtered.kind = 5;
     filtered.type = "Filtered";
     struct Case {
         const char* name;
-        HeaderSpec h;
+        HeaderFields h;
         std::vector<Rec> recs;
         int expected;
     } cases[] = {
@@ -108,7 +108,7 @@ TEST(DataFileRecords, CountsReplications) {
 
 TEST(DataFileRecords, FileCutInTheMiddleOfARecord) {
     TempDir dir;
-    HeaderSpec h;
+    HeaderFields h;
     std::string bytes = test_HeaderBytes(h) + test_RecordBytes({{1, 10}, {2, 20}, {-1, -1}}, true);
     test_WriteBytes(dir.Path("cut.dat"), bytes.substr(0, bytes.size() - 7));
     EXPECT_EQ(op_CountReps(dir.Path("cut.dat").c_str()), 15836);
@@ -148,7 +148,7 @@ TEST(DataFileRecords, ReplicationMeans) {
         {"Tally", 3, {{7, 1}, {8, 2}, {9, 6}, {-1, 0}, {1, 10}, {-2, -1}}, {3.0, 10.0}},
     };
     for (const Case& c : cases) {
-        HeaderSpec h;
+        HeaderFields h;
         h.kind = c.kind;
         std::string path = dir.Path("m.dat");
         test_WriteDataFile(path, h, c.recs);
@@ -201,7 +201,7 @@ TEST(DataFileRecords, SeekOnAFileWithoutRecords) {
 TEST(DataFileRecords, SeekToTheEndMarkerForAppending) {
     TempDir dir;
     std::string path = dir.Path("a.dat");
-    HeaderSpec h;
+    HeaderFields h;
     std::vector<Rec> recs = test_Replications({{{1, 1}}, {{2, 2}}});
     test_WriteDataFile(path, h, recs);
     std::size_t header = test_HeaderBytes(h).size();

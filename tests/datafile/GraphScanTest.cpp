@@ -16,8 +16,8 @@ protected:
     void SetUp() override {
         a = dir.Path("a.dat");
         b = dir.Path("b.dat");
-        test_WriteDataFile(a, HeaderSpec{}, test_Replications({{{1, 4}, {2, -3}}, {{0.5, 8}, {7, 2}}}));
-        test_WriteDataFile(b, HeaderSpec{}, test_Replications({{{3, 100}, {-1, -2}, {9, -50}}}));
+        test_WriteDataFile(a, HeaderFields{}, test_Replications({{{1, 4}, {2, -3}}, {{0.5, 8}, {7, 2}}}));
+        test_WriteDataFile(b, HeaderFields{}, test_Replications({{{3, 100}, {-1, -2}, {9, -50}}}));
     }
     TempDir dir;
     std::string a, b;

@@ -41,7 +41,7 @@ TEST(RepChecks, ObservationKinds) {
 
 TEST(RepChecks, SameKinds) {
     TempDir dir;
-    HeaderSpec tally, dstat;
+    HeaderFields tally, dstat;
     dstat.kind = 1;
     test_WriteDataFile(dir.Path("a.dat"), tally, {});
     test_WriteDataFile(dir.Path("b.dat"), tally, {});

@@ -21,7 +21,7 @@ public:
 TEST(SingleDoc, IndexesEveryReplicationWithATrailingEntry) {
     TempDir dir;
     std::string path = dir.Path("three.dat");
-    HeaderSpec h;
+    HeaderFields h;
     // Replication 2 holds a skip marker that neither ends it nor counts.
     std::vector<Rec> recs = test_Replications({{{1, 1}, {2, 1}}, {{1, 2}, {-1, -2}, {2, 2}, {3, 2}}, {{1, 3}}});
     test_WriteDataFile(path, h, recs);

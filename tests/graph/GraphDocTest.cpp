@@ -28,7 +28,7 @@ protected:
     // Two replications: times 1..4 with values 10, 20, 30, 40, then 1..2.
     void SetUp() override {
         path = dir.Path("g.dat");
-        test_WriteDataFile(path, HeaderSpec{},
+        test_WriteDataFile(path, HeaderFields{},
                            test_Replications({{{1, 10}, {2, 20}, {-1, -2}, {3, 30}, {4, 40}}, {{1, 5}, {2, 6}}}));
     }
     // Opens the file, sets treatment and window, sizes the arrays, loads.
@@ -118,7 +118,7 @@ TEST_F(GraphDocTest, GivenTimesLimitTheValuesTakenFromTheData) {
 TEST(GraphDocRange, DegenerateRangesAreWidened) {
     TempDir dir;
     std::string path = dir.Path("flat.dat");
-    test_WriteDataFile(path, HeaderSpec{}, test_Replications({{{5, 3}, {5, 3}}}));
+    test_WriteDataFile(path, HeaderFields{}, test_Replications({{{5, 3}, {5, 3}}}));
     CGraphDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
     doc.XMin() = doc.XMax() = -1.0;
@@ -132,7 +132,7 @@ TEST(GraphDocRange, DegenerateRangesAreWidened) {
 TEST(GraphDocRange, InvertedBoundsAreRefused) {
     TempDir dir;
     std::string path = dir.Path("r.dat");
-    test_WriteDataFile(path, HeaderSpec{}, test_Replications({{{1, 1}, {2, 2}}}));
+    test_WriteDataFile(path, HeaderFields{}, test_Replications({{{1, 1}, {2, 2}}}));
     CGraphDoc late;
     ASSERT_TRUE(late.OnOpenDocument(path.c_str()));
     late.XMin() = 10.0;  // after the last time, which becomes the maximum
@@ -145,7 +145,7 @@ TEST(GraphDocRange, InvertedBoundsAreRefused) {
     EXPECT_EQ(high.LoadGraphData(), IDS_VALUE_RANGE);
     CGraphDoc empty;
     std::string none = dir.Path("none.dat");
-    test_WriteDataFile(none, HeaderSpec{}, test_Replications({{}}));
+    test_WriteDataFile(none, HeaderFields{}, test_Replications({{}}));
     ASSERT_TRUE(empty.OnOpenDocument(none.c_str()));
     empty.XMin() = empty.XMax() = -1.0;
     EXPECT_EQ(empty.LoadGraphData(), IDS_ENDING_TIME);  // 1e20 > -1e20
@@ -154,7 +154,7 @@ TEST(GraphDocRange, InvertedBoundsAreRefused) {
 TEST(PlotDocWindow, ValuesOutsideTheRangeAreLeftOut) {
     TempDir dir;
     std::string path = dir.Path("p.dat");
-    test_WriteDataFile(path, HeaderSpec{}, test_Replications({{{1, 1}, {2, 9}, {3, 2}, {4, 3}}}));
+    test_WriteDataFile(path, HeaderFields{}, test_Replications({{{1, 1}, {2, 9}, {3, 2}, {4, 3}}}));
     CPlotDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
     doc.XMin() = 0.5;

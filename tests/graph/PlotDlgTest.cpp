@@ -12,7 +12,7 @@ class PlotDlgTest : public ::testing::Test {
 protected:
     void SetUp() override {
         good = dir.Path("good.dat");
-        test_WriteDataFile(good, HeaderSpec{}, test_Replications({{{1, 1}}}));
+        test_WriteDataFile(good, HeaderFields{}, test_Replications({{{1, 1}}}));
         bad = dir.Path("bad.dat");
         test_WriteBytes(bad, "not a data file\r\n");
     }

@@ -38,8 +38,8 @@ protected:
         // a: 0..10 by 1 with value = time; b: a flat line at 5, two replications.
         std::vector<Rec> ra;
         for (int i = 0; i <= 10; ++i) ra.push_back({double(i), double(i)});
-        test_WriteDataFile(a, HeaderSpec{}, test_Replications({ra}));
-        test_WriteDataFile(b, HeaderSpec{}, test_Replications({{{0, 5}, {10, 5}}, {{0, 1}, {10, 1}}}));
+        test_WriteDataFile(a, HeaderFields{}, test_Replications({ra}));
+        test_WriteDataFile(b, HeaderFields{}, test_Replications({{{0, 5}, {10, 5}}, {{0, 1}, {10, 1}}}));
     }
     TempDir dir;
     std::string a, b;

@@ -2,7 +2,7 @@
 
 void grp_test_WriteDataFile(const std::string& path, int kind, int reps, const std::string& title, bool complete) {
     static const char* const kTypes[] = {"", "DSTAT", "CSTAT", "Tally", "Output", "Filtered", "Counter", "Frequency"};
-    HeaderSpec h;
+    HeaderFields h;
     h.kind = kind;
     h.type = kTypes[kind];
     h.title = title;

@@ -10,11 +10,11 @@ class CorrDlgChecks : public ::testing::Test {
 protected:
     void SetUp() override {
         test_WriteDataFile(P("tally.dat"), {}, test_Replications({{{1, 1}, {2, 2}}, {{1, 3}}}));
-        HeaderSpec dstat;
+        HeaderFields dstat;
         dstat.kind = 2;
         dstat.type = "CSTAT";
         test_WriteDataFile(P("cstat.dat"), dstat, test_Replications({{{0, 1}}}));
-        HeaderSpec output;
+        HeaderFields output;
         output.kind = 4;
         output.type = "Output";
         test_WriteDataFile(P("output.dat"), output, test_Replications({{{9, 1}}}));

@@ -105,7 +105,7 @@ TEST_F(CorrDoc, NoTitleLineWithoutATitle) {
 // every number is exact in binary, so the file can be compared byte by byte.
 TEST_F(CorrDoc, SavedFileLayout) {
     std::string path = dir.Path("src.dat");
-    HeaderSpec src;
+    HeaderFields src;
     src.ident = "SRCID";
     src.title = "Source title";
     src.reinit = false;
@@ -113,7 +113,7 @@ TEST_F(CorrDoc, SavedFileLayout) {
     std::string out = dir.Path("x.cor");
     CorrRun run = Correlogram(path, "1", 2, out, "Saved");
     ASSERT_EQ(run.rc, 0);
-    HeaderSpec cor;
+    HeaderFields cor;
     cor.kind = 5;
     cor.type = "Filtered";
     cor.ident = "SRCID";
