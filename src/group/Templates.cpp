@@ -18,7 +18,7 @@ namespace {
 
 constexpr int IDR_OUTPUT = 16380;
 
-struct TemplateSpec {
+struct TemplateEntry {
     int stringId;
     const char* doc;
     const char* frame;
@@ -26,7 +26,7 @@ struct TemplateSpec {
 };
 
 // Registration order: the analyses' order is the host's list of templates.
-constexpr TemplateSpec kAnalysisTemplates[] = {
+constexpr TemplateEntry kAnalysisTemplates[] = {
     {16393, "CAppendDoc", "CBaseWnd", "CAppendView"},
     {16381, "CBarchDoc", "CBaseWnd", "CBarchartView"},
     {16382, "CComprDoc", "CBaseWndSplit", "CComprView"},
@@ -155,7 +155,7 @@ void InitOutputProcessor2(CWinApp* app) {
     // A second start-up replaces the first rather than doubling the templates.
     Release(*app);
     const CDocTemplate* group = app->AddDocTemplate(std::make_unique<COutputTemplate>());
-    for (const TemplateSpec& t : kAnalysisTemplates) {
+    for (const TemplateEntry& t : kAnalysisTemplates) {
         CDocTemplate* tmpl = app->AddDocTemplate(std::make_unique<CAnalysisTemplate>(t.stringId, t.doc, t.frame, t.view));
         tmpl->ShareMenuOf(*group);
     }
