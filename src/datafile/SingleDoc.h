@@ -3,11 +3,11 @@
 // replications so that any replication can be reached by a seek.
 #pragma once
 
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "datafile/RecordReader.h"
 #include "framework/Document.h"
 
 // One replication of a data file.
@@ -33,8 +33,8 @@ public:
     ~CSingleDoc() override;
 
     bool OnNewDocument() override;
-    // Counts replications, reads the header and indexes the replications. The
-    // stream stays open, positioned at the first record.
+    // Reads the header, then counts and indexes the replications in one pass.
+    // The file stays open, positioned at the first record.
     bool OnOpenDocument(const char* path) override;
     void OnCloseDocument() override;
 
@@ -62,11 +62,15 @@ public:
     std::vector<std::unique_ptr<CObject>> m_objList;  // for the derived analyses
     double m_dValue[4] = {0.0, 0.0, 0.0, 0.0};        // for the derived analyses
     int m_nIsDouble = 1;
-    FILE* m_pFile = nullptr;
+
+    // The open data file; analyses read through it.
+    CRecordReader& Reader() { return m_reader; }
+    bool IsOpen() const { return m_reader.IsOpen(); }
 
 private:
     void CloseStream();
-    void BuildIndex();
+
+    CRecordReader m_reader;
 
     std::vector<std::unique_ptr<CRepInfo>> m_repIndex;
     std::vector<CSingleDoc*> m_siblings;  // [0] is the document itself; owns the rest

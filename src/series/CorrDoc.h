@@ -10,6 +10,8 @@
 #include "datafile/SingleDoc.h"
 #include "series/LagProducts.h"
 
+class COutputDataFile;
+
 // One lag of the correlogram.
 class CCovarData : public CObject {
 public:
@@ -59,5 +61,5 @@ public:
 
 private:
     int Position(int rep);
-    int Pass(int rep, bool copyEndMarker, FILE* out);
+    int Pass(int rep, bool copyEndMarker, COutputDataFile& out);
 };

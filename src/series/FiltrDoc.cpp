@@ -1,8 +1,8 @@
 #include "series/FiltrDoc.h"
 
 #include "datafile/DataFile.h"
+#include "datafile/OutputDataFile.h"
 #include "framework/Messages.h"
-#include "framework/SafeOutput.h"
 #include "series/FiltrDlg.h"
 #include "series/FiltrPass.h"
 
@@ -48,16 +48,12 @@ int CFiltrDoc::Compute() {
     covEstimate = -1.0;
     rejectPositive = 0;
     rejectNonZero = 0;
-    if (!m_pFile) return IDS_READ_ERROR;
+    if (!IsOpen()) return IDS_READ_ERROR;
 
-    CSafeOutput safe(batchFileName);
-    FILE* out = nullptr;
-    if (!batchFileName.empty()) {
-        int err = 0;
-        out = op_OpenDataFile(&err, safe.TempPath().c_str(), 4, false);
-        if (!out) return err ? err : IDS_OPEN_ERROR;
-    }
+    COutputDataFile out(batchFileName);
+    if (int rc = out.Open()) return rc;
 
+    CRecordReader& in = Reader();
     FiltrParams prm{truncUnit, truncAmount, batchUnit, batchSize, m_nKind, m_nTreatment};
     int firstRep = m_nTreatment >= 1 ? m_nTreatment : 1;
     int lastRep = m_nTreatment == REP_ALL ? PassCount() : firstRep;
@@ -67,22 +63,17 @@ int CFiltrDoc::Compute() {
             rc = IDS_INVALID_REP_TREATMENT;
             break;
         }
-        std::clearerr(m_pFile);
-        std::fseek(m_pFile, RepInfo(rep).m_lFilePos, SEEK_SET);
+        in.Seek(RepInfo(rep).m_lFilePos);
         if (rep == firstRep) {
-            filtr_SettleDefaults(m_pFile, m_nIsDouble, &prm);
+            filtr_SettleDefaults(in, &prm);
             truncUnit = prm.truncUnit;
             batchSize = prm.batchSize;
-            std::fseek(m_pFile, RepInfo(rep).m_lFilePos, SEEK_SET);
-            if (out) {
-                rc = op_WriteFileHdr(out, false, KIND_FILTERED, op_KindText(KIND_FILTERED), m_nReinit, 1,
-                                     static_cast<long>(m_strIdent.size()), static_cast<long>(title.size()),
-                                     m_strIdent.c_str(), title);
-                if (rc) break;
-            }
+            in.Seek(RepInfo(rep).m_lFilePos);
+            rc = out.WriteHeader(KIND_FILTERED, m_nReinit, m_strIdent, title);
+            if (rc) break;
         }
         FiltrResults res;
-        rc = filtr_RunPass(m_pFile, m_nIsDouble, prm, rep, out, &res);
+        rc = filtr_RunPass(in, prm, rep, out, &res);
         if (res.truncUsed) truncUsed = *res.truncUsed;
         if (res.batchUsed) batchUsed = *res.batchUsed;
         if (res.numBatches) numBatches = *res.numBatches;
@@ -92,17 +83,8 @@ int CFiltrDoc::Compute() {
         if (res.rejectPositive) rejectPositive = *res.rejectPositive;
         if (res.rejectNonZero) rejectNonZero = *res.rejectNonZero;
     }
-    std::clearerr(m_pFile);
 
-    if (out) {
-        if (rc == 0 && m_nTreatment != REP_ALL) {
-            const double end = MARK_END;
-            op_WritePair(out, &end, &end);
-        }
-        bool failed = std::ferror(out) != 0;
-        failed = (std::fclose(out) != 0) || failed;
-        if (rc == 0 && failed) rc = IDS_WRITE_ERROR;
-        if (rc == 0 && !safe.Commit()) rc = IDS_WRITE_ERROR;
-    }
+    if (rc == 0 && m_nTreatment != REP_ALL) out.Put(MARK_END, MARK_END);
+    if (rc == 0) rc = out.Commit();
     return rc;
 }

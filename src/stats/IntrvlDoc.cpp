@@ -3,12 +3,12 @@
 #include <cmath>
 
 #include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 #include "stats/Distributions.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/Moments.h"
-#include "stats/ObsStream.h"
 
 int CIntrvlDoc::InitFromDialog(CDialog& dlg) {
     auto* d = dynamic_cast<CIntrvlDlg*>(&dlg);
@@ -40,8 +40,12 @@ int CIntrvlDoc::Compute(double alpha) {
 
 int CIntrvlDoc::ComputeEntry(const CMultiFileItem& entry, std::vector<CMultiFileItem>& rows, double alpha,
                              int* noObs) {
-    CObsStream in;
-    if (int rc = in.Open(entry.m_strPath, entry.m_nTreatment)) return rc;
+    CRecordReader in;
+    if (int rc = in.Open(entry.m_strPath)) {
+        if (rc == IDS_NO_FILE_OPEN) return IDS_FILE_NOT_FOUND;
+        return rc == IDS_INVALID_HEADER ? IDS_INVALID_DATA_FILE : rc;
+    }
+    if (int rc = in.Start(entry.m_nTreatment)) return rc;
     do {
         CMultiFileItem row = entry;
         if (entry.m_nTreatment == REP_ALL) {
@@ -57,18 +61,18 @@ int CIntrvlDoc::ComputeEntry(const CMultiFileItem& entry, std::vector<CMultiFile
         } else if (rc) {
             return rc;
         }
-        in.SkipRow();
+        in.SkipPass();
     } while (entry.m_nTreatment == REP_ALL && in.NextReplication());
     return 0;
 }
 
-int CIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
+int CIntrvlDoc::ComputeRow(CRecordReader& in, CMultiFileItem& row, double alpha) {
     // Time-persistent data count the time each value was held; the dialog
     // refuses such files, so n is a plain count in practice.
     const bool timeWeighted = op_IsTimePersistent(in.Kind());
     CMoments sample;
     double n = 0.0, previousTime = 0.0, time = 0.0, value = 0.0;
-    while (in.Next(&time, &value)) {
+    while (in.NextObs(&time, &value)) {
         sample.Add(value);
         if (timeWeighted) {
             n += time - previousTime;

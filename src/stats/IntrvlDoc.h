@@ -14,7 +14,7 @@
 #include "datafile/SingleDoc.h"
 #include "graph/FileDialogs.h"
 
-class CObsStream;
+class CRecordReader;
 
 class CIntrvlDoc : public CBaseFileDoc {
 public:
@@ -43,9 +43,9 @@ public:
     double m_dGraphHigh = -1e20;
 
 protected:
-    // Computes one row from the stream's current row; 0, 15901 (no
+    // Computes one row from the reader's current pass; 0, 15901 (no
     // observations, the row keeps no results) or another message id.
-    virtual int ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha);
+    virtual int ComputeRow(CRecordReader& in, CMultiFileItem& row, double alpha);
     // The rows of entry, computed, appended to rows. Stops at the first id
     // other than 15901; 15901 is kept in *noObs and the rows go on.
     int ComputeEntry(const CMultiFileItem& entry, std::vector<CMultiFileItem>& rows, double alpha, int* noObs);

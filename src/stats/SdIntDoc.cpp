@@ -2,16 +2,15 @@
 
 #include <cmath>
 
-#include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
 #include "stats/Moments.h"
-#include "stats/ObsStream.h"
 
-int CSdIntDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
+int CSdIntDoc::ComputeRow(CRecordReader& in, CMultiFileItem& row, double alpha) {
     CMoments sample;
     double time = 0.0, value = 0.0;
-    while (in.Next(&time, &value)) sample.Add(value);
+    while (in.NextObs(&time, &value)) sample.Add(value);
     const long n = sample.Count();
     if (n == 0) return IDS_NO_OBSERVATIONS;
 

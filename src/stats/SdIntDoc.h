@@ -18,7 +18,7 @@ public:
     int GraphTitleId() const override { return 15951; }
 
 protected:
-    int ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) override;
+    int ComputeRow(CRecordReader& in, CMultiFileItem& row, double alpha) override;
     int WriteGraphRecord(int row, const CMultiFileItem& item) override;
     bool StopOnEmptyRow() const override { return true; }
 };

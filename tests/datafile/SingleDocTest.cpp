@@ -72,7 +72,7 @@ TEST(SingleDoc, OpenFailures) {
     test_WriteBytes(dir.Path("bad.dat"), "garbage\n");
     CSingleDoc bad;
     EXPECT_FALSE(bad.OnOpenDocument(dir.Path("bad.dat").c_str()));
-    EXPECT_EQ(bad.m_pFile, nullptr);
+    EXPECT_FALSE(bad.IsOpen());
     EXPECT_EQ(host.ids, (std::vector<int>{15811, 15928}));
 }
 
@@ -110,12 +110,12 @@ TEST(SingleDoc, AllReplicationsOpenOneSiblingEach) {
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(doc.Siblings()[i]->m_nTreatment, i + 1);
         EXPECT_NE(dynamic_cast<CountingDoc*>(doc.Siblings()[i]), nullptr);
-        EXPECT_NE(doc.Siblings()[i]->m_pFile, nullptr);
+        EXPECT_TRUE(doc.Siblings()[i]->IsOpen());
     }
     EXPECT_EQ(doc.Siblings()[0], &doc);
     EXPECT_EQ(doc.ReleaseSiblings(), 0);
     EXPECT_TRUE(doc.Siblings().empty());
-    EXPECT_EQ(doc.m_pFile, nullptr);
+    EXPECT_FALSE(doc.IsOpen());
 }
 
 TEST(SingleDoc, OneReplicationMakesNoSiblings) {
