@@ -46,13 +46,14 @@ int Describe(const std::string& path, CliIO& io) {
     io.out << "Reinitialised:  " << (doc.m_nReinit ? "yes" : "no") << '\n';
     io.out << "Records:        " << (doc.m_nIsDouble ? "8-byte doubles" : "4-byte floats") << '\n';
     io.out << "Count field:    " << count << '\n';
-    if (doc.m_nReps >= 15000) {
-        io.out << "Replications:   none complete (" << msg_Text(doc.m_nReps).substr(0, 20) << "...)\n";
+    const int reps = doc.RepCount();
+    if (reps >= 15000) {
+        io.out << "Replications:   none complete (" << msg_Text(reps).substr(0, 20) << "...)\n";
         return 0;
     }
-    io.out << "Replications:   " << doc.m_nReps << '\n';
+    io.out << "Replications:   " << reps << '\n';
     long total = 0;
-    for (int r = 1; r <= doc.m_nReps && r < doc.RepIndexSize(); ++r) {
+    for (int r = 1; r <= reps && r < doc.RepIndexSize(); ++r) {
         std::snprintf(line, sizeof line, "  replication %4d: %10d observations\n", r, doc.RepInfo(r).m_nObsCount);
         io.out << line;
         total += doc.RepInfo(r).m_nObsCount;

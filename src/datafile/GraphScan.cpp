@@ -54,13 +54,16 @@ void op_RangeScanEnd(const RangeScan* scan, double* bounds) {
     for (int i = 0; i < 4; ++i) bounds[i] = scan->flags[i] > 0 ? scan->bounds[i] : found[i];
 }
 
-int op_ScanRangeFiles(const std::vector<RangeSource>& files, double* bounds, const int* flags) {
+int op_ScanRangeFiles(const std::vector<RangeSource>& files, double* bounds, const int* flags,
+                      CRecordReader* firstOpen) {
     if (flags[0] > 0 && flags[1] > 0 && flags[2] > 0 && flags[3] > 0) return 0;  // nothing left open
     RangeScan scan;
     op_RangeScanBegin(&scan, bounds, flags);
     for (const RangeSource& src : files) {
-        CRecordReader in;
-        int rc = in.Open(src.path);
+        CRecordReader own;
+        const bool given = firstOpen && &src == &files.front();
+        CRecordReader& in = given ? *firstOpen : own;
+        int rc = given ? (in.Seek(in.FirstRecord()) ? 0 : IDS_READ_ERROR) : in.Open(src.path);
         if (rc == IDS_NO_FILE_OPEN) return IDS_FILE_NOT_FOUND;
         if (!rc && !WholeData(src.treatment)) rc = in.SeekRep(src.treatment);
         if (!rc) rc = op_RangeScanRecords(&scan, in, src.treatment);

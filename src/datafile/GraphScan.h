@@ -34,8 +34,11 @@ struct RangeSource {
     int treatment = 1;
 };
 // The scan over several files, each under its own treatment. Returns 0 or the
-// data layer's id for a file that cannot be opened, read or positioned.
-int op_ScanRangeFiles(const std::vector<RangeSource>& files, double* bounds, const int* flags);
+// data layer's id for a file that cannot be opened, read or positioned. When
+// firstOpen is given, the first file is read through it (already open on
+// that file), so that its replications are found on the way.
+int op_ScanRangeFiles(const std::vector<RangeSource>& files, double* bounds, const int* flags,
+                      CRecordReader* firstOpen = nullptr);
 
 // Reads the next record for a graph. At end of file the record is the end
 // marker (-1, -1). *rep follows the replication the stream is in: a boundary

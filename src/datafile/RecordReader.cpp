@@ -278,11 +278,53 @@ bool CRecordReader::NextReplication() {
 void CRecordReader::CompleteIndex() {
     if (m_indexDone && m_countDone) return;
     const std::int64_t back = Tell();
+    CatchUp();
     Seek(m_frontier);
     double t, v;
     while (!(m_indexDone && m_countDone) && ReadRecord(&t, &v)) {
     }
     Seek(back);
+}
+
+void CRecordReader::ExtendIndex(std::size_t n) {
+    if (m_indexDone || m_index.size() >= n) return;
+    const std::int64_t back = Tell();
+    CatchUp();
+    Seek(m_frontier);
+    double t, v;
+    while (!m_indexDone && m_index.size() < n && ReadRecord(&t, &v)) {
+    }
+    Seek(back);
+}
+
+bool CRecordReader::HasEntry(int r) {
+    if (r < 1) return false;
+    ExtendIndex(static_cast<std::size_t>(r));
+    return m_index.size() >= static_cast<std::size_t>(r);
+}
+
+bool CRecordReader::SeekEntry(int r) {
+    if (!HasEntry(r)) return false;
+    return Seek(m_index[static_cast<std::size_t>(r - 1)].pos);
+}
+
+int CRecordReader::EntryObsCount(int r) {
+    // Entry r is complete once entry r + 1 exists or the index is.
+    if (r >= 1) ExtendIndex(static_cast<std::size_t>(r) + 1);
+    return m_index.at(static_cast<std::size_t>(r - 1)).obsCount;
+}
+
+bool CRecordReader::CountReaches(int n) {
+    if (!m_countDone && m_count < n) {
+        const std::int64_t back = Tell();
+        CatchUp();
+        Seek(m_frontier);
+        double t, v;
+        while (!m_countDone && m_count < n && ReadRecord(&t, &v)) {
+        }
+        Seek(back);
+    }
+    return m_count >= n;
 }
 
 int CRecordReader::CountReps() {

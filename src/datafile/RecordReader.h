@@ -151,10 +151,20 @@ public:
     // Reads on from the furthest record seen to complete the index and the
     // count, and comes back to where it was.
     void CompleteIndex();
+    // Whether the index has entry r (1 = the first replication), reading on
+    // only as far as it takes to know; the position does not change.
+    bool HasEntry(int r);
+    // Moves to the first record of entry r; false when there is none.
+    bool SeekEntry(int r);
+    // The observations of entry r, reading on until they are all counted.
+    // Throws std::out_of_range when there is no entry r, as an index does.
+    int EntryObsCount(int r);
     // The count of op_CountReps: closing markers (time <= -1.0, value not
     // -2.0) up to the -1.0 one; 15836 when that never comes (a kind 5 file
     // counts at least 1 instead), 15834 after a read error. Completes the index.
     int CountReps();
+    // Whether the count reaches n, reading on only until it does.
+    bool CountReaches(int n);
 
 private:
     struct Raw {
@@ -196,6 +206,8 @@ private:
     void CatchUp();
     void Enter(double t, double v);
     int SeekReplication(int rep);
+    // Reads on from the frontier until the index holds n entries or is complete.
+    void ExtendIndex(std::size_t n);
 
     PlatReadFile m_file;
     DataFileHeader m_header;

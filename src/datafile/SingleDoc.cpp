@@ -34,25 +34,29 @@ bool CSingleDoc::OnOpenDocument(const char* path) {
     m_strType = h.type;
     m_nIsDouble = h.isDouble;
 
-    // An error id from the count is a positive number and passes as a count;
-    // only an empty count (which the counting rules never give) stops the open.
+    m_bIndexed = false;
+    m_nReps = 0;
+    m_repIndex.clear();
+    m_repIndex.push_back(std::make_unique<CRepInfo>());
+    m_repIndex.push_back(std::make_unique<CRepInfo>());
+    return true;
+}
+
+const std::vector<std::unique_ptr<CRepInfo>>& CSingleDoc::Index() const {
+    if (m_bIndexed || !m_reader.IsOpen()) return m_repIndex;
+    // An error id from the count is a positive number and passes as a count.
     m_nReps = m_reader.CountReps();
-    if (m_nReps < 1) {
-        CloseStream();
-        return false;
-    }
     // Entry r follows the marker that closes replication r - 1; the last
     // marker leaves a trailing entry with no observations.
-    const std::vector<RepSpan>& index = m_reader.Index();
     m_repIndex.resize(1);
-    for (const RepSpan& span : index) {
+    for (const RepSpan& span : m_reader.Index()) {
         auto info = std::make_unique<CRepInfo>();
         info->m_lFilePos = static_cast<long>(span.pos);
         info->m_nObsCount = span.obsCount;
         m_repIndex.push_back(std::move(info));
     }
-    m_reader.Seek(m_reader.FirstRecord());
-    return true;
+    m_bIndexed = true;
+    return m_repIndex;
 }
 
 void CSingleDoc::OnCloseDocument() {
@@ -63,9 +67,9 @@ void CSingleDoc::OnCloseDocument() {
 int CSingleDoc::OpenAllReps(CSingleDoc* first) {
     first->m_siblings.assign(1, first);
     first->m_nTreatment = 1;
-    if (first->m_nReps < 2) return 0;
+    if (first->RepCount() < 2) return 0;
     const std::string path = first->GetPathName();
-    for (int i = 1; i < first->m_nReps; ++i) {
+    for (int i = 1; i < first->RepCount(); ++i) {
         std::unique_ptr<CSingleDoc> sibling(first->CreateSibling());
         sibling->m_nTreatment = i + 1;
         sibling->SetPathName(path, false);
@@ -91,12 +95,15 @@ int CSingleDoc::ReleaseSiblings() {
 void CSingleDoc::GetRepRange(int* firstRep, int* obsCount) const {
     if (m_nTreatment >= 1) {
         *firstRep = m_nTreatment;
-        *obsCount = RepInfo(m_nTreatment).m_nObsCount;
+        // One replication's count needs the index only that far.
+        *obsCount = m_bIndexed || !m_reader.IsOpen() ? RepInfo(m_nTreatment).m_nObsCount
+                                                     : m_reader.EntryObsCount(m_nTreatment);
         return;
     }
     *firstRep = 1;
     *obsCount = 0;
-    for (std::size_t r = 1; r < m_repIndex.size(); ++r) *obsCount += m_repIndex[r]->m_nObsCount;
+    const auto& index = Index();
+    for (std::size_t r = 1; r < index.size(); ++r) *obsCount += index[r]->m_nObsCount;
 }
 
 void CSingleDoc::CloseStream() { m_reader.Close(); }

@@ -35,7 +35,7 @@ int CCorrDoc::Compute() {
 
     int rc = 0;
     if (m_nTreatment == REP_ALL) {
-        const int reps = m_nReps;
+        const int reps = RepCount();
         if (reps >= kFirstMessageId) rc = reps;
         for (int r = 1; r <= reps && rc == 0; ++r) {
             m_nTreatment = r;
@@ -52,11 +52,9 @@ int CCorrDoc::Compute() {
 // Puts the reader at the first record of replication rep, or of the file
 // when lumped.
 int CCorrDoc::Position(int rep) {
-    int r = rep >= 1 ? rep : 1;
-    if (r >= RepIndexSize()) return IDS_INVALID_REP_TREATMENT;
     CRecordReader& in = Reader();
-    const long start = RepInfo(r).m_lFilePos;
-    if (!in.Seek(start)) return IDS_READ_ERROR;
+    if (!in.SeekEntry(rep >= 1 ? rep : 1)) return IDS_INVALID_REP_TREATMENT;
+    const std::int64_t start = in.Tell();
     if (rep >= 1) {
         double t = 0.0, v = 0.0;
         if (!in.ReadRecord(&t, &v)) return in.Failed() ? IDS_READ_ERROR : IDS_INVALID_REP_TREATMENT;

@@ -35,7 +35,8 @@ int CFiltrDoc::PassCount() const {
     // Entries 1..size-1 of the index start replications; a file without its end
     // marker reports a message id instead of a count, and then every entry is one.
     const int entries = RepIndexSize() - 1;
-    if (m_nReps >= 1 && m_nReps < kFirstMessageId && m_nReps <= entries) return m_nReps;
+    const int reps = RepCount();
+    if (reps >= 1 && reps < kFirstMessageId && reps <= entries) return reps;
     return entries;
 }
 
@@ -59,16 +60,18 @@ int CFiltrDoc::Compute() {
     int lastRep = m_nTreatment == REP_ALL ? PassCount() : firstRep;
     int rc = 0;
     for (int rep = firstRep; rep <= lastRep && rc == 0; ++rep) {
-        if (rep >= RepIndexSize()) {
+        // The index grows as the passes read; it is read ahead only to find
+        // a replication the passes have not reached.
+        if (!in.SeekEntry(rep)) {
             rc = IDS_INVALID_REP_TREATMENT;
             break;
         }
-        in.Seek(RepInfo(rep).m_lFilePos);
         if (rep == firstRep) {
+            const std::int64_t start = in.Tell();
             filtr_SettleDefaults(in, &prm);
             truncUnit = prm.truncUnit;
             batchSize = prm.batchSize;
-            in.Seek(RepInfo(rep).m_lFilePos);
+            in.Seek(start);
             rc = out.WriteHeader(KIND_FILTERED, m_nReinit, m_strIdent, title);
             if (rc) break;
         }

@@ -27,7 +27,7 @@ TEST(SingleDoc, IndexesEveryReplicationWithATrailingEntry) {
     test_WriteDataFile(path, h, recs);
     CSingleDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
-    EXPECT_EQ(doc.m_nReps, 3);
+    EXPECT_EQ(doc.RepCount(), 3);
     EXPECT_EQ(doc.m_nKind, 3);
     EXPECT_EQ(doc.m_strIdent, "IDENT");
     EXPECT_EQ(doc.m_strTitle, "A title");
@@ -83,7 +83,7 @@ TEST(SingleDoc, AFileWithoutItsEndMarkerStillOpens) {
     test_WriteDataFile(path, {}, {{1, 1}, {2, 2}});
     CSingleDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
-    EXPECT_EQ(doc.m_nReps, 15836);
+    EXPECT_EQ(doc.RepCount(), 15836);
     EXPECT_EQ(doc.RepInfo(1).m_nObsCount, 2);
 }
 
