@@ -69,10 +69,22 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
     const int lags = m_nMaxLags;
     const int treatment = rep >= 1 ? rep : REP_LUMPED;
 
+    // Values go to the sums a block at a time; the lagged products need the
+    // mean first, so a second pass reads the values again. Streaming keeps
+    // the memory to the products' own (the transform's blocks), whatever n.
     CShiftedSums sums;
+    double chunk[kFeed];
+    std::size_t filled = 0;
     double t = 0.0, v = 0.0;
     in.BeginPass(treatment);
-    while (in.NextObs(&t, &v)) sums.Add(v);
+    while (in.NextObs(&t, &v)) {
+        chunk[filled++] = v;
+        if (filled == kFeed) {
+            sums.AddAll(chunk, filled);
+            filled = 0;
+        }
+    }
+    sums.AddAll(chunk, filled);
     if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
     const long n = sums.Count();
     if (n <= lags) return 15831;
@@ -82,17 +94,17 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
 
     in.RewindPass();
     CLagProducts products(lags, m_forceMethod ? *m_forceMethod : CLagProducts::Choose(lags, n));
-    std::vector<double> feed(kFeed);
+    double* feed = chunk;
     std::size_t fed = 0;
     while (in.NextObs(&t, &v)) {
         feed[fed++] = v - mean;
         if (fed == kFeed) {
-            products.Add(feed.data(), fed);
+            products.Add(feed, fed);
             fed = 0;
         }
     }
     if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
-    products.Add(feed.data(), fed);
+    products.Add(feed, fed);
     std::vector<double> acc = products.Finish();
 
     double weighted = 0.0;

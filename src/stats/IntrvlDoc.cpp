@@ -10,6 +10,13 @@
 #include "stats/IntrvlDlg.h"
 #include "stats/Moments.h"
 
+namespace {
+
+// Values go to the sums a block at a time.
+constexpr std::size_t kChunk = 4096;
+
+}  // namespace
+
 int CIntrvlDoc::InitFromDialog(CDialog& dlg) {
     auto* d = dynamic_cast<CIntrvlDlg*>(&dlg);
     if (!d) return IDS_NO_FILES;
@@ -72,13 +79,20 @@ int CIntrvlDoc::ComputeRow(CRecordReader& in, CMultiFileItem& row, double alpha)
     const bool timeWeighted = op_IsTimePersistent(in.Kind());
     CMoments sample;
     double n = 0.0, previousTime = 0.0, time = 0.0, value = 0.0;
+    double chunk[kChunk];
+    std::size_t held = 0;
     while (in.NextObs(&time, &value)) {
-        sample.Add(value);
+        chunk[held++] = value;
+        if (held == kChunk) {
+            sample.AddAll(chunk, held);
+            held = 0;
+        }
         if (timeWeighted) {
             n += time - previousTime;
             previousTime = time;
         }
     }
+    sample.AddAll(chunk, held);
     if (!timeWeighted) n = static_cast<double>(sample.Count());
     if (!(n > 0.0)) return IDS_NO_OBSERVATIONS;
 

@@ -18,8 +18,11 @@ int pair_ReadError(const CRecordReader& in) { return in.PassEnd() == RecordKind:
 int pair_ReadSample(const CMultiFileItem& item, CFileSample* sample) {
     CRecordReader in;
     if (int rc = pair_OpenFile(in, item.m_strPath, item.m_nTreatment)) return rc;
+    // A local copy stays in registers through the loop.
+    CFileSample local = *sample;
     double t = 0.0, v = 0.0;
-    while (in.NextObs(&t, &v)) sample->Add(v);
+    while (in.NextObs(&t, &v)) local.Add(v);
+    *sample = local;
     return pair_ReadError(in);
 }
 

@@ -1,6 +1,7 @@
 #include "stats/SdIntDoc.h"
 
 #include <cmath>
+#include <iterator>
 
 #include "datafile/RecordReader.h"
 #include "framework/Messages.h"
@@ -10,7 +11,17 @@
 int CSdIntDoc::ComputeRow(CRecordReader& in, CMultiFileItem& row, double alpha) {
     CMoments sample;
     double time = 0.0, value = 0.0;
-    while (in.NextObs(&time, &value)) sample.Add(value);
+    // Values go to the sums a block at a time.
+    double chunk[4096];
+    std::size_t held = 0;
+    while (in.NextObs(&time, &value)) {
+        chunk[held++] = value;
+        if (held == std::size(chunk)) {
+            sample.AddAll(chunk, held);
+            held = 0;
+        }
+    }
+    sample.AddAll(chunk, held);
     const long n = sample.Count();
     if (n == 0) return IDS_NO_OBSERVATIONS;
 
