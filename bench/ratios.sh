@@ -37,23 +37,45 @@ timeBatch=$(awk -v s="$tenth" 'BEGIN { b = s / 10; printf "%.6g", (b > 999999 ? 
 
 cat "$file" "$file2" >/dev/null  # page cache warm
 
-# run NAME COMMAND...: median wall time in seconds, peak RSS in MB, exit status.
-declare -A median memory status
+# run NAME COMMAND...: median wall time and median processor time (user +
+# system) in seconds, the peak resident memory in MB (what /usr/bin/time -v
+# reports as its maximum resident set size) and the exit status. On a shared
+# machine the processor time is the steadier figure.
+declare -A wall cpu memory status
 order=()
 run() {
     local name=$1; shift
-    local times=() rc=0
-    for ((i = 0; i < runs; i++)); do
-        local t0 t1
-        t0=$(date +%s%N)
-        /usr/bin/time -f %M -o "$work/mem" "$@" >/dev/null 2>"$work/err"
-        rc=$?
-        t1=$(date +%s%N)
-        times+=($(((t1 - t0) / 1000)))
-    done
-    median[$name]=$(printf '%s\n' "${times[@]}" | sort -n | awk '{ a[NR] = $1 } END { printf "%.3f", a[int((NR + 1) / 2)] / 1e6 }')
-    memory[$name]=$(tail -1 "$work/mem" | awk '{ printf "%.1f", $1 / 1024 }')
-    status[$name]=$rc
+    local out w c m r
+    out=$(python3 - "$runs" "$@" <<'PY'
+import os, statistics, sys, tempfile, time
+runs = int(sys.argv[1])
+# /usr/bin/time reports the memory: a child forked from this script would
+# count the script's own pages until it runs the command.
+memfile = tempfile.mktemp()
+cmd = ["/usr/bin/time", "-f", "%M", "-o", memfile] + sys.argv[2:]
+walls, cpus, rss, rc = [], [], 0, 0
+for _ in range(runs):
+    start = time.perf_counter()
+    pid = os.fork()
+    if pid == 0:
+        null = os.open(os.devnull, os.O_WRONLY)
+        os.dup2(null, 1)
+        os.dup2(null, 2)
+        os.execvp(cmd[0], cmd)
+    _, st, ru = os.wait4(pid, 0)
+    walls.append(time.perf_counter() - start)
+    cpus.append(ru.ru_utime + ru.ru_stime)
+    rss = max(rss, int(open(memfile).read().split()[-1]))
+    rc = os.waitstatus_to_exitcode(st)
+os.remove(memfile)
+print("%.3f %.3f %.1f %d" % (statistics.median(walls), statistics.median(cpus), rss / 1024, rc))
+PY
+)
+    read -r w c m r <<<"$out"
+    wall[$name]=$w
+    cpu[$name]=$c
+    memory[$name]=$m
+    status[$name]=$r
     order+=("$name")
 }
 
@@ -84,11 +106,13 @@ echo "$(basename "$file"): $n observations, $(stat -c %s "$file") bytes; medians
 echo "machine: $(nproc) CPUs, $(sed -n 's/^model name\s*: //p' /proc/cpuinfo | head -1); $numpy"
 echo "load:$(uptime | sed 's/.*load average//')"
 echo
-printf '| %-26s | %9s | %6s | %8s | %s\n' "work" "median s" "ratio" "peak MB" "exit"
-printf '|%s|%s|%s|%s|%s\n' "----------------------------" "-----------" "--------" "----------" "-----"
+printf '| %-26s | %7s | %6s | %7s | %6s | %7s | %s |\n' "work" "wall s" "ratio" "cpu s" "ratio" "peak MB" "exit"
+echo "|----------------------------|---------|--------|---------|--------|---------|------|"
+ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", (b > 0 ? a / b : 0) }'; }
 for name in "${order[@]}"; do
-    ref=${median["block read"]}
-    case "$name" in compare*|vartest|*two\ files) ref=${median["block read, two files"]} ;; esac
-    ratio=$(awk -v a="${median[$name]}" -v b="$ref" 'BEGIN { printf "%.2f", (b > 0 ? a / b : 0) }')
-    printf '| %-26s | %9s | %6s | %8s | %s\n' "$name" "${median[$name]}" "$ratio" "${memory[$name]}" "${status[$name]}"
+    ref="block read"
+    case "$name" in compare*|vartest|*two\ files) ref="block read, two files" ;; esac
+    printf '| %-26s | %7s | %6s | %7s | %6s | %7s | %4s |\n' "$name" "${wall[$name]}" \
+        "$(ratio "${wall[$name]}" "${wall[$ref]}")" "${cpu[$name]}" "$(ratio "${cpu[$name]}" "${cpu[$ref]}")" \
+        "${memory[$name]}" "${status[$name]}"
 done

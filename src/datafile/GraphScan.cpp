@@ -73,12 +73,3 @@ int op_ScanRangeFiles(const std::vector<RangeSource>& files, double* bounds, con
     return 0;
 }
 
-void op_ReadGraphRecord(CRecordReader& in, int treatment, int* rep, double* time, double* value) {
-    // The end of the file reads as the end marker (-1, -1).
-    if (!in.ReadRecord(time, value)) return;
-    if (*time >= 0.0 || *value == MARK_SKIP || *value == MARK_END) return;
-    if (WholeData(treatment))
-        *rep = treatment;
-    else
-        *rep = static_cast<int>(std::fmin(-*time, 2e9)) + 1;
-}

@@ -3,9 +3,10 @@
 #pragma once
 
 #include <string>
+#include <cmath>
 #include <vector>
 
-class CRecordReader;
+#include "datafile/RecordReader.h"
 
 // Bounds in the order of a graph document's range: first time, last time,
 // lowest value, highest value. A flag of +1 keeps the given bound; -1 takes it
@@ -44,4 +45,13 @@ int op_ScanRangeFiles(const std::vector<RangeSource>& files, double* bounds, con
 // marker (-1, -1). *rep follows the replication the stream is in: a boundary
 // marker moves it to the replication after the one the marker closes; under
 // lumped and all the data is one stream and *rep stays the treatment.
-void op_ReadGraphRecord(CRecordReader& in, int treatment, int* rep, double* time, double* value);
+// Inline: graphs read every record through it.
+inline void op_ReadGraphRecord(CRecordReader& in, int treatment, int* rep, double* time, double* value) {
+    // The end of the file reads as the end marker (-1, -1).
+    if (!in.ReadRecord(time, value)) return;
+    if (*time >= 0.0 || *value == MARK_SKIP || *value == MARK_END) return;
+    if (treatment == REP_LUMPED || treatment == REP_ALL)
+        *rep = treatment;
+    else
+        *rep = static_cast<int>(std::fmin(-*time, 2e9)) + 1;
+}

@@ -14,23 +14,30 @@ constexpr std::size_t kTail = 16;
 
 }  // namespace
 
-CRecordReader::CRecordReader() : m_buf(new char[kBlockSize + kTail]) {
-    m_cur = m_lim = m_buf.get();
+CRecordReader::CRecordReader() : m_store(new char[2 * (kTail + kBlockSize)]) {
+    m_block[0] = m_store.get();
+    m_block[1] = m_store.get() + kTail + kBlockSize;
+    m_origin = m_block[0];
+    m_low = m_cur = m_lim = m_origin + kTail;
 }
+
+CRecordReader::~CRecordReader() { Close(); }
 
 int CRecordReader::Open(const std::string& path) {
     Close();
     if (!m_file.Open(path.c_str())) return plat_Exists(path.c_str()) ? IDS_OPEN_ERROR : IDS_NO_FILE_OPEN;
     m_header = DataFileHeader{};
     // The header is a few hundred bytes at most, so the first block holds it.
-    std::size_t got = m_file.Read(m_buf.get(), kBlockSize);
+    m_active = 0;
+    m_origin = m_block[0];
+    m_base = -static_cast<std::int64_t>(kTail);
+    const std::size_t got = m_file.ReadAt(m_block[0] + kTail, kBlockSize, 0);
     m_failed = m_file.Failed();
-    m_base = 0;
-    m_filePos = static_cast<std::int64_t>(got);
-    m_cur = m_buf.get();
-    m_lim = m_buf.get() + got;
+    m_low = m_cur = m_origin + kTail;
+    m_lim = m_cur + got;
+    StartReadAhead(static_cast<std::int64_t>(got), got);
     std::size_t used = 0;
-    if (int rc = op_ParseFileHdr(m_buf.get(), got, &m_header, &used)) return rc;
+    if (int rc = op_ParseFileHdr(m_cur, got, &m_header, &used)) return rc;
     m_cur += used;
     m_first = static_cast<std::int64_t>(used);
     m_isDouble = m_header.isDouble != 0;
@@ -48,22 +55,33 @@ int CRecordReader::Open(const std::string& path) {
 }
 
 void CRecordReader::Close() {
-    m_file.Close();
-    m_cur = m_lim = m_buf.get();
-    m_base = m_filePos = 0;
+    m_file.Close();  // waits for a read-ahead still filling a block
+    m_ahead = false;
+    m_origin = m_block[m_active];
+    m_low = m_cur = m_lim = m_origin + kTail;
+    m_base = 0;
     m_passOpen = m_plain = false;
+}
+
+void CRecordReader::StartReadAhead(std::int64_t at, std::size_t lastRead) {
+    // A short block was the end of the file; a whole one suggests more.
+    if (lastRead < kBlockSize) return;
+    m_file.ReadAhead(m_block[1 - m_active] + kTail, kBlockSize, at);
+    m_ahead = true;
+    m_aheadAt = at;
 }
 
 bool CRecordReader::Seek(std::int64_t offset) {
     if (offset < 0) return false;
     CatchUp();
-    const std::int64_t held = m_lim - m_buf.get();
-    if (offset >= m_base && offset <= m_base + held) {
-        m_cur = m_buf.get() + (offset - m_base);
+    const std::int64_t low = m_base + (m_low - m_origin);
+    const std::int64_t high = m_base + (m_lim - m_origin);
+    if (offset >= low && offset <= high) {
+        m_cur = m_origin + (offset - m_base);
     } else {
         // The block is dropped; the next refill reads from the new place.
-        m_base = offset;
-        m_cur = m_lim = m_buf.get();
+        m_base = offset - static_cast<std::int64_t>(kTail);
+        m_low = m_cur = m_lim = m_origin + kTail;
     }
     m_runStart = offset;
     m_failed = false;
@@ -71,24 +89,29 @@ bool CRecordReader::Seek(std::int64_t offset) {
 }
 
 bool CRecordReader::Refill() {
-    // Keep the piece of a record that the last block cut off.
+    // The piece of a record that the last block cut off goes just before the
+    // new block's data.
     const std::size_t rest = static_cast<std::size_t>(m_lim - m_cur);
-    std::memmove(m_buf.get(), m_cur, rest);
-    m_base += m_cur - m_buf.get();
-    m_cur = m_buf.get();
-    m_lim = m_buf.get() + rest;
-    const std::int64_t from = m_base + static_cast<std::int64_t>(rest);
-    if (m_filePos != from) {
-        if (!m_file.Seek(from)) {
-            m_failed = true;
-            return false;
-        }
-        m_filePos = from;
+    const std::int64_t next = Tell() + static_cast<std::int64_t>(rest);
+    const bool ready = m_ahead && m_aheadAt == next;
+    if (m_ahead && !ready) m_file.WaitReadAhead();  // read for a place left since
+    const int target = ready ? 1 - m_active : m_active;
+    char* data = m_block[target] + kTail;
+    std::memmove(data - rest, m_cur, rest);
+    std::size_t got;
+    if (ready) {
+        got = m_file.WaitReadAhead();
+    } else {
+        got = m_file.ReadAt(data, kBlockSize, next);
     }
-    const std::size_t got = m_file.Read(m_buf.get() + rest, kBlockSize);
+    m_ahead = false;
     m_failed = m_file.Failed();
-    m_filePos += static_cast<std::int64_t>(got);
-    m_lim += got;
+    m_active = target;
+    m_origin = m_block[target];
+    m_base = next - static_cast<std::int64_t>(kTail);
+    m_low = m_cur = data - rest;
+    m_lim = data + got;
+    if (!m_failed) StartReadAhead(next + static_cast<std::int64_t>(got), got);
     return m_lim - m_cur >= m_size;
 }
 

@@ -44,6 +44,7 @@ public:
     static constexpr std::size_t kBlockSize = std::size_t{1} << 20;
 
     CRecordReader();
+    ~CRecordReader();
     CRecordReader(const CRecordReader&) = delete;
     CRecordReader& operator=(const CRecordReader&) = delete;
 
@@ -59,7 +60,7 @@ public:
     std::int64_t FirstRecord() const { return m_first; }
 
     // ---- Raw records
-    std::int64_t Tell() const { return m_base + (m_cur - m_buf.get()); }
+    std::int64_t Tell() const { return m_base + (m_cur - m_origin); }
     // Moves to a byte offset (a record's start) and clears the end-of-file
     // and error states. False for a negative offset.
     bool Seek(std::int64_t offset);
@@ -200,6 +201,7 @@ private:
     Raw NextObsSlow();
     Raw NextMean();
     bool Refill();
+    void StartReadAhead(std::int64_t at, std::size_t lastRead);
     void EndPass(RecordKind why, double t, double v);
     // Index bookkeeping: the records read straight through since the last
     // look are observations; a marker read at the frontier is entered.
@@ -209,14 +211,22 @@ private:
     // Reads on from the frontier until the index holds n entries or is complete.
     void ExtendIndex(std::size_t n);
 
-    PlatReadFile m_file;
-    DataFileHeader m_header;
-    std::unique_ptr<char[]> m_buf;
+    // Two blocks: the reader works through one while the file fills the
+    // other ahead of it. Each has room before its data for the start of a
+    // record that the previous block cut off.
+    std::unique_ptr<char[]> m_store;
+    char* m_block[2] = {nullptr, nullptr};
+    int m_active = 0;
+    bool m_ahead = false;           // the other block is being filled
+    std::int64_t m_aheadAt = 0;     // from this offset
+    const char* m_origin = nullptr; // the active block
+    const char* m_low = nullptr;    // first byte held
     const char* m_cur = nullptr;    // next record
     const char* m_lim = nullptr;    // end of the bytes held
-    std::int64_t m_base = 0;        // file offset of the block's first byte
-    std::int64_t m_filePos = 0;     // where the handle reads next
+    std::int64_t m_base = 0;        // file offset of m_origin[0]
     std::int64_t m_first = 0;       // the first record
+    PlatReadFile m_file;            // after the blocks: closed, and its read-ahead waited for, first
+    DataFileHeader m_header;
     std::ptrdiff_t m_size = 16;     // bytes per record
     bool m_isDouble = true;
     bool m_failed = false;

@@ -12,7 +12,7 @@ std::int16_t axis_To16(double v) {
     if (!(v == v)) return 0;
     if (v > 32767.0) return 32767;
     if (v < -32768.0) return -32768;
-    return static_cast<std::int16_t>(std::trunc(v));
+    return static_cast<std::int16_t>(v);  // the conversion cuts toward zero
 }
 
 namespace {

@@ -11,29 +11,39 @@
 #include <string>
 
 // A file read in large blocks straight from the system, with no stream buffer
-// of its own: the reader above keeps one block and copies nothing twice.
+// of its own: the reader above keeps its blocks and copies nothing twice.
+// Reads name their offset. One read may run ahead in the background while
+// the caller works on the block before it; where the system offers no cheap
+// way to do that, the read-ahead is done at once.
 class PlatReadFile {
 public:
-    PlatReadFile() = default;
-    ~PlatReadFile() { Close(); }
+    PlatReadFile();
+    ~PlatReadFile();
     PlatReadFile(const PlatReadFile&) = delete;
     PlatReadFile& operator=(const PlatReadFile&) = delete;
 
     // Opens for reading and tells the system that the reads run forward.
     bool Open(const char* path);
+    // Waits for a read-ahead still running, then closes.
     void Close();
     bool IsOpen() const { return m_handle != kClosed; }
-    // Reads up to n bytes; fewer only at the end of the file or on an error,
-    // which Failed() then tells.
-    std::size_t Read(void* buffer, std::size_t n);
-    // To a byte offset from the start; false on failure.
-    bool Seek(std::int64_t offset);
+    // Reads up to n bytes from offset; fewer only at the end of the file or
+    // on an error, which Failed() then tells.
+    std::size_t ReadAt(void* buffer, std::size_t n, std::int64_t offset);
+    // Starts reading up to n bytes from offset into buffer, which the caller
+    // leaves alone until WaitReadAhead. One at a time.
+    void ReadAhead(void* buffer, std::size_t n, std::int64_t offset);
+    // The bytes the read-ahead read; Failed() tells about it.
+    std::size_t WaitReadAhead();
     bool Failed() const { return m_failed; }
+
+    struct Worker;  // the background reader, per system
 
 private:
     static constexpr std::intptr_t kClosed = -1;
     std::intptr_t m_handle = kClosed;  // a descriptor, or a stream on Windows
     bool m_failed = false;
+    Worker* m_worker = nullptr;  // made on the first read-ahead
 };
 
 // std::fopen for a UTF-8 path.

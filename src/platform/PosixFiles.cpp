@@ -5,11 +5,84 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
 #include <chrono>
 #include <cstdio>
 #include <random>
 
 #include "platform/Files.h"
+
+namespace {
+
+// pread until n bytes, the end of the file or an error.
+std::size_t ReadFully(int fd, void* buffer, std::size_t n, std::int64_t offset, bool* failed) {
+    char* at = static_cast<char*>(buffer);
+    std::size_t got = 0;
+    *failed = false;
+    while (got < n) {
+        ssize_t r = ::pread(fd, at + got, n - got, static_cast<off_t>(offset) + static_cast<off_t>(got));
+        if (r > 0) {
+            got += static_cast<std::size_t>(r);
+        } else if (r == 0) {
+            break;
+        } else if (errno != EINTR) {
+            *failed = true;
+            break;
+        }
+    }
+    return got;
+}
+
+}  // namespace
+
+// One thread per file, made on the first read-ahead: the system copies the
+// next block while the caller works through the one before.
+struct PlatReadFile::Worker {
+    std::mutex lock;
+    std::condition_variable wake;
+    int fd;
+    void* buffer = nullptr;
+    std::size_t size = 0;
+    std::int64_t offset = 0;
+    bool asked = false;        // a request waits for the thread
+    bool outstanding = false;  // a request was made and not yet waited for
+    bool done = false;
+    bool stop = false;
+    std::size_t got = 0;
+    bool failed = false;
+    std::thread thread;
+
+    explicit Worker(int descriptor) : fd(descriptor), thread([this] { Run(); }) {}
+
+    void Run() {
+        std::unique_lock<std::mutex> hold(lock);
+        for (;;) {
+            wake.wait(hold, [this] { return asked || stop; });
+            if (asked) {
+                asked = false;
+                void* into = buffer;
+                const std::size_t n = size;
+                const std::int64_t from = offset;
+                hold.unlock();
+                bool bad = false;
+                const std::size_t read = ReadFully(fd, into, n, from, &bad);
+                hold.lock();
+                got = read;
+                failed = bad;
+                done = true;
+                wake.notify_all();
+            } else {
+                return;
+            }
+        }
+    }
+};
+
+PlatReadFile::PlatReadFile() = default;
+
+PlatReadFile::~PlatReadFile() { Close(); }
 
 bool PlatReadFile::Open(const char* path) {
     Close();
@@ -25,34 +98,54 @@ bool PlatReadFile::Open(const char* path) {
 }
 
 void PlatReadFile::Close() {
+    if (m_worker) {
+        if (m_worker->outstanding) WaitReadAhead();
+        {
+            std::lock_guard<std::mutex> hold(m_worker->lock);
+            m_worker->stop = true;
+        }
+        m_worker->wake.notify_all();
+        m_worker->thread.join();
+        delete m_worker;
+        m_worker = nullptr;
+    }
     if (m_handle != kClosed) ::close(static_cast<int>(m_handle));
     m_handle = kClosed;
 }
 
-std::size_t PlatReadFile::Read(void* buffer, std::size_t n) {
-    if (m_handle == kClosed) {
+std::size_t PlatReadFile::ReadAt(void* buffer, std::size_t n, std::int64_t offset) {
+    if (m_handle == kClosed || offset < 0) {
         m_failed = true;
         return 0;
     }
-    char* at = static_cast<char*>(buffer);
-    std::size_t got = 0;
-    while (got < n) {
-        ssize_t r = ::read(static_cast<int>(m_handle), at + got, n - got);
-        if (r > 0) {
-            got += static_cast<std::size_t>(r);
-        } else if (r == 0) {
-            break;
-        } else if (errno != EINTR) {
-            m_failed = true;
-            break;
-        }
-    }
-    return got;
+    return ReadFully(static_cast<int>(m_handle), buffer, n, offset, &m_failed);
 }
 
-bool PlatReadFile::Seek(std::int64_t offset) {
-    if (m_handle == kClosed || offset < 0) return false;
-    return ::lseek(static_cast<int>(m_handle), static_cast<off_t>(offset), SEEK_SET) == static_cast<off_t>(offset);
+void PlatReadFile::ReadAhead(void* buffer, std::size_t n, std::int64_t offset) {
+    if (m_handle == kClosed || offset < 0) return;
+    if (!m_worker) m_worker = new Worker(static_cast<int>(m_handle));
+    {
+        std::lock_guard<std::mutex> hold(m_worker->lock);
+        m_worker->buffer = buffer;
+        m_worker->size = n;
+        m_worker->offset = offset;
+        m_worker->asked = true;
+        m_worker->outstanding = true;
+        m_worker->done = false;
+    }
+    m_worker->wake.notify_all();
+}
+
+std::size_t PlatReadFile::WaitReadAhead() {
+    if (!m_worker || !m_worker->outstanding) {
+        m_failed = true;
+        return 0;
+    }
+    std::unique_lock<std::mutex> hold(m_worker->lock);
+    m_worker->wake.wait(hold, [this] { return m_worker->done; });
+    m_worker->outstanding = false;
+    m_failed = m_worker->failed;
+    return m_worker->got;
 }
 
 FILE* plat_OpenStream(const char* path, const char* mode) { return std::fopen(path, mode); }

@@ -30,6 +30,18 @@ FILE* Stream(std::intptr_t handle) { return reinterpret_cast<FILE*>(handle); }
 
 }  // namespace
 
+// No background thread here: the read-ahead is done when it is asked for,
+// and its result kept for the wait.
+struct PlatReadFile::Worker {
+    std::size_t got = 0;
+    bool failed = false;
+    bool outstanding = false;
+};
+
+PlatReadFile::PlatReadFile() = default;
+
+PlatReadFile::~PlatReadFile() { Close(); }
+
 bool PlatReadFile::Open(const char* path) {
     Close();
     FILE* f = ::_wfopen(Wide(path).c_str(), L"rb");
@@ -42,23 +54,36 @@ bool PlatReadFile::Open(const char* path) {
 }
 
 void PlatReadFile::Close() {
+    delete m_worker;
+    m_worker = nullptr;
     if (m_handle != kClosed) std::fclose(Stream(m_handle));
     m_handle = kClosed;
 }
 
-std::size_t PlatReadFile::Read(void* buffer, std::size_t n) {
-    if (m_handle == kClosed) {
-        m_failed = true;
-        return 0;
-    }
+std::size_t PlatReadFile::ReadAt(void* buffer, std::size_t n, std::int64_t offset) {
+    m_failed = true;
+    if (m_handle == kClosed || offset < 0 || ::_fseeki64(Stream(m_handle), offset, SEEK_SET) != 0) return 0;
     std::size_t got = std::fread(buffer, 1, n, Stream(m_handle));
-    if (got < n && std::ferror(Stream(m_handle))) m_failed = true;
+    m_failed = got < n && std::ferror(Stream(m_handle));
+    std::clearerr(Stream(m_handle));
     return got;
 }
 
-bool PlatReadFile::Seek(std::int64_t offset) {
-    if (m_handle == kClosed || offset < 0) return false;
-    return ::_fseeki64(Stream(m_handle), offset, SEEK_SET) == 0;
+void PlatReadFile::ReadAhead(void* buffer, std::size_t n, std::int64_t offset) {
+    if (!m_worker) m_worker = new Worker;
+    m_worker->got = ReadAt(buffer, n, offset);
+    m_worker->failed = m_failed;
+    m_worker->outstanding = true;
+}
+
+std::size_t PlatReadFile::WaitReadAhead() {
+    if (!m_worker || !m_worker->outstanding) {
+        m_failed = true;
+        return 0;
+    }
+    m_worker->outstanding = false;
+    m_failed = m_worker->failed;
+    return m_worker->got;
 }
 
 FILE* plat_OpenStream(const char* path, const char* mode) { return ::_wfopen(Wide(path).c_str(), Wide(mode).c_str()); }
