@@ -3,8 +3,9 @@
 // classical iterations do not hold (large degrees of freedom, far tails).
 #pragma once
 
-// e - ln(1 + e) for e > -1, without cancellation for small e.
-double st_Log1pDeviation(double e);
+// e - ln(1 + e) for e > -1, without cancellation for small e; ratio is
+// 1 + e formed directly, whose logarithm serves when e is not small.
+double st_Log1pDeviation(double e, double ratio);
 // ln Gamma(z) less its Stirling approximation (z - 1/2) ln z - z + ln(2 pi)/2.
 double st_StirlingRemainder(double z);
 

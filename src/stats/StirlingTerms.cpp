@@ -10,7 +10,9 @@
 // with x0 = a/(a + b), e_a = x/x0 - 1, e_b = y/(1 - x0) - 1,
 // d(e) = e - ln(1 + e) and r the remainder of Stirling's series; likewise
 //   ln(x^a e^-x / Gamma(a)) = ln(a / (2 pi))/2 - r(a) - a d(x/a - 1).
-// Every term is now of the size of the result. This is the form of
+// Every term is now of the size of the result. d is summed as a series in e
+// where e is small, and otherwise taken from the ratio 1 + e formed directly
+// (x/x0 far below 1 is not 1 plus a number near -1). This is the form of
 // A. R. DiDonato and A. H. Morris, Algorithm 708, ACM TOMS 18 (1992) 360-373
 // (brcomp), as R's nmath uses it; the remainder is the asymptotic series
 // 1/(12z) - 1/(360z^3) + ... (Abramowitz and Stegun, Handbook of
@@ -29,8 +31,8 @@ constexpr double kSeriesFrom = 15.0;  // next Stirling term below 1e-16 here
 
 }  // namespace
 
-double st_Log1pDeviation(double e) {
-    if (std::fabs(e) > 0.1) return e - std::log1p(e);
+double st_Log1pDeviation(double e, double ratio) {
+    if (std::fabs(e) > 0.1) return e - std::log(ratio);
     // e^2 (1/2 - e/3 + e^2/4 - ...)
     double sum = 0.0, power = 1.0;
     for (int k = 2; k < 40; ++k) {
@@ -54,12 +56,13 @@ double st_BetaLogKernel(double a, double b, double x, double y) {
     if (x <= 0.0 || y <= 0.0) return -INFINITY;
     // lambda = a - (a + b) x = (a + b) y - b, from whichever of x, y is small.
     const double lambda = x <= 0.5 ? a - (a + b) * x : (a + b) * y - b;
-    const double spread = a * st_Log1pDeviation(-lambda / a) + b * st_Log1pDeviation(lambda / b);
+    const double spread = a * st_Log1pDeviation(-lambda / a, x * (a + b) / a) +
+                          b * st_Log1pDeviation(lambda / b, y * (a + b) / b);
     const double remainder = st_StirlingRemainder(a) + st_StirlingRemainder(b) - st_StirlingRemainder(a + b);
     return 0.5 * std::log(a * b / (kTwoPi * (a + b))) - spread - remainder;
 }
 
 double st_GammaLogKernel(double a, double x) {
     if (x <= 0.0) return -INFINITY;
-    return 0.5 * std::log(a / kTwoPi) - st_StirlingRemainder(a) - a * st_Log1pDeviation((x - a) / a);
+    return 0.5 * std::log(a / kTwoPi) - st_StirlingRemainder(a) - a * st_Log1pDeviation((x - a) / a, x / a);
 }
