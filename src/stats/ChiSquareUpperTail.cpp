@@ -29,7 +29,9 @@ namespace {
 
 constexpr double kLogHalfPi = 0.4515827052894549;
 constexpr double kNegligibleLogTerm = -50.0;
-// At 10^4 the series costs about 0.1 ms per call (bench/ChiSquareBench.cpp).
+// At 10^4 df a call of the series costs about 25 us, the two quantiles of an
+// interval 0.25 ms; above, the incomplete gamma takes 20 to 300 us for both
+// up to 10^8 df, against 0.24 s for the series at 10^7 (bench/ChiSquareBench.cpp).
 constexpr int kSeriesLimit = 10000;
 
 }  // namespace
