@@ -54,7 +54,10 @@ GroupWindow::GroupWindow(QWidget* parent) : QWidget(parent), m_view(&m_doc), m_l
     layout->addWidget(m_list);
     connect(m_list, &QListWidget::currentRowChanged, this, [this](int row) { m_view.SetSelection(row); });
     connect(m_list, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) { ShowInfo(m_list->row(item)); });
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, [this] {
+    m_refreshTimer.setSingleShot(true);
+    m_refreshTimer.setInterval(500);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_refreshTimer, qOverload<>(&QTimer::start));
+    connect(&m_refreshTimer, &QTimer::timeout, this, [this] {
         Refresh();
         WatchFiles();  // a file replaced by a new one drops out of the watch
     });

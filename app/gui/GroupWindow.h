@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QFileSystemWatcher>
+#include <QTimer>
 #include <QWidget>
 
 #include "group/OutputDoc.h"
@@ -68,4 +69,6 @@ private:
     COutputView m_view;
     QListWidget* m_list;
     QFileSystemWatcher m_watcher;
+    // A file being written changes many times a second: refresh once it rests.
+    QTimer m_refreshTimer;
 };

@@ -127,10 +127,10 @@ void MainWindow::CreateActions() {
     m_exitAct = make(tr("E&xit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { close(); });
 
     m_addAct = make(tr("&Add Files..."), QKeySequence(Qt::Key_Insert), [this] {
-        if (m_group) m_group->AddFilesFromDialog();
+        if (GroupWindow* group = ActiveGroupWindow()) group->AddFilesFromDialog();
     });
     m_removeAct = make(tr("&Remove File"), QKeySequence::Delete, [this] {
-        if (m_group) m_group->RemoveSelected();
+        if (GroupWindow* group = ActiveGroupWindow()) group->RemoveSelected();
     });
     m_copyReportAct = make(tr("Copy &Report"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [this] { CopyReport(); });
     m_copyGraphAct = make(tr("Copy &Graph"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_G), [this] { CopyGraph(); });
@@ -209,8 +209,13 @@ void MainWindow::CreateMenus() {
 
 GroupWindow* MainWindow::ActiveGroup() const { return m_group; }
 
+GroupWindow* MainWindow::ActiveGroupWindow() const {
+    QMdiSubWindow* window = m_area->currentSubWindow();
+    return window ? qobject_cast<GroupWindow*>(window->widget()) : nullptr;
+}
+
 FrameWidget* MainWindow::ActiveFrame() const {
-    QMdiSubWindow* window = m_area->activeSubWindow();
+    QMdiSubWindow* window = m_area->currentSubWindow();
     return window ? qobject_cast<FrameWidget*>(window->widget()) : nullptr;
 }
 
@@ -224,10 +229,11 @@ void MainWindow::UpdateActions() {
     bool group = m_group != nullptr;
     m_saveAct->setEnabled(group);
     m_saveAsAct->setEnabled(group);
-    m_addAct->setEnabled(group);
-    m_removeAct->setEnabled(group);
+    // Files are added to and removed from the group window in front only.
+    m_addAct->setEnabled(ActiveGroupWindow() != nullptr);
+    m_removeAct->setEnabled(ActiveGroupWindow() != nullptr);
     for (QAction* a : m_commandActions) a->setEnabled(group);
-    m_closeAct->setEnabled(m_area->activeSubWindow() != nullptr);
+    m_closeAct->setEnabled(m_area->currentSubWindow() != nullptr);
 
     FrameWidget* frame = ActiveFrame();
     bool graph = frame && frame->HasGraph();
@@ -260,7 +266,7 @@ void MainWindow::UpdateWindowMenu() {
         QString text = ++n < 10 ? QStringLiteral("&%1 %2").arg(n).arg(title) : title;
         QAction* action = m_windowMenu->addAction(text, this, [this, window] { m_area->setActiveSubWindow(window); });
         action->setCheckable(true);
-        action->setChecked(window == m_area->activeSubWindow());
+        action->setChecked(window == m_area->currentSubWindow());
     }
 }
 

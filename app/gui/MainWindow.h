@@ -34,6 +34,7 @@ public:
     // The group the Analysis and Edit commands work on: the last active group window.
     GroupWindow* ActiveGroup() const;
     FrameWidget* ActiveFrame() const;
+    GroupWindow* ActiveGroupWindow() const;
     QMdiArea* Area() const { return m_area; }
     QMenu* AnalysisMenu() const { return m_analysisMenu; }
 
