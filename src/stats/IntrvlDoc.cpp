@@ -7,6 +7,7 @@
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 #include "stats/Distributions.h"
+#include "stats/IntervalCheck.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/Moments.h"
 
@@ -107,6 +108,7 @@ int CIntrvlDoc::ComputeRow(CRecordReader& in, CMultiFileItem& row, double alpha)
     int df = WholeInt(n - 1.0);
     if (n - 1.0 == 0.0) df = 1;
     const double halfWidth = st_TQuantile(df, alpha / 2.0) * stdDev / std::sqrt(n);
+    if (!st_IntervalHolds(average, stdDev, average - halfWidth, average + halfWidth)) return IDS_INTERVAL_ERROR;
 
     row.m_dAverage = average;
     row.m_dStdDev = stdDev;
