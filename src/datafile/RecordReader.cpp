@@ -9,7 +9,7 @@ static_assert(std::endian::native == std::endian::little, "records are stored li
 
 namespace {
 
-// Room after a block for the part of a record that a block read cut off.
+// Room before a block's data for the part of a record that the previous block cut off.
 constexpr std::size_t kTail = 16;
 
 }  // namespace
