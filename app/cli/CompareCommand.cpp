@@ -50,8 +50,9 @@ void FillPairs(CBasePairsDlg& dlg, const Options& o, const std::vector<FileArg>&
     dlg.m_strLevel = o.level;
     dlg.m_strTitle = o.title;
     dlg.m_bScale = o.scale;
-    dlg.m_items.clear();
-    for (const FileArg& f : files) dlg.AddFile(f.path, f.reps);
+    dlg.m_pairs.clear();
+    for (std::size_t i = 0; i + 1 < files.size(); i += 2)
+        dlg.AddPair({files[i].path, files[i].reps}, {files[i + 1].path, files[i + 1].reps});
 }
 
 CLI::App* SetupCompare(CLI::App& app) {

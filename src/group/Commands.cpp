@@ -5,7 +5,7 @@
 #include "framework/DocTemplate.h"
 #include "framework/Host.h"
 #include "framework/Messages.h"
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
 #include "group/AnalysisFactory.h"
 #include "group/OutputView.h"
 #include "group/Templates.h"
@@ -42,16 +42,13 @@ std::string CommandName(const GroupCommand& command) {
     return name;
 }
 
-void AttachView(CDialog& dlg, COutputView* view) {
-    if (auto* single = dynamic_cast<CBaseDlg*>(&dlg)) single->m_pView = view;
-    if (auto* multi = dynamic_cast<CBaseMultiDlg*>(&dlg)) multi->m_pView = view;
-}
-
 void PrepareFromSelection(CDialog& dlg, COutputView* view) {
     std::string selected = view ? view->SelectedPath() : std::string();
     if (selected.empty()) return;
     if (auto* single = dynamic_cast<CBaseDlg*>(&dlg)) single->m_strFile = selected;
     if (auto* multi = dynamic_cast<CBaseMultiDlg*>(&dlg); multi && multi->m_items.empty()) multi->AddFile(selected, "");
+    if (auto* pairs = dynamic_cast<CBasePairsDlg*>(&dlg); pairs && pairs->m_pairs.empty())
+        pairs->AddPair({selected, ""}, {});
 }
 
 void AddDefaultExtension(std::string& name, const char* ext) {
@@ -78,7 +75,6 @@ int grp_RunCommand(const GroupCommand& command, COutputView* view) {
     }
     CDialog* dlg = app->GetDialog(command.templateName);
     if (!dlg) dlg = &app->KeepDialog(command.templateName, f->createDialog());
-    AttachView(*dlg, view);
     if (f->prepare)
         f->prepare(*dlg, view);
     else

@@ -7,7 +7,7 @@
 #include "framework/Host.h"
 #include "framework/Messages.h"
 #include "framework/View.h"
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
 #include "group/AnalysisFactory.h"
 #include "group/OutputDoc.h"
 #include "group/OutputView.h"
@@ -65,6 +65,10 @@ std::string DefaultSubject(const CDialog& dlg, const CBaseFileDoc& doc) {
     if (const auto* multi = dynamic_cast<const CBaseMultiDlg*>(&dlg)) {
         if (!multi->m_strTitle.empty()) return multi->m_strTitle;
         if (!multi->m_items.empty()) return FileName(multi->m_items.front().m_strPath);
+    }
+    if (const auto* pairs = dynamic_cast<const CBasePairsDlg*>(&dlg)) {
+        if (!pairs->m_strTitle.empty()) return pairs->m_strTitle;
+        if (!pairs->m_pairs.empty()) return FileName(pairs->m_pairs.front().a.m_strPath);
     }
     return {};
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
 #include "stats/PairDialogs.h"
@@ -36,10 +37,10 @@ void StoreResults(CMultiFileItem& item, double estimate, double sd, double hw) {
 int CComprDoc::InitFromDialog(CDialog& dialog) {
     auto& dlg = dynamic_cast<CComprDlg&>(dialog);
     m_nMethod = dlg.m_nMethod == CComprDlg::METHOD_TWO_SAMPLE ? METHOD_TWO_SAMPLE : METHOD_PAIRED;
-    m_dAlpha = pair_AlphaFromLevel(dlg.m_strLevel);
+    m_dAlpha = dlg_AlphaFromLevel(dlg.m_strLevel);
     m_strTitle = dlg.m_strTitle;
     m_bScale = dlg.m_bScale;
-    if (int rc = pair_Expand(dlg.m_items, &m_items)) return rc;
+    if (int rc = pair_Expand(dlg.m_pairs, &m_items)) return rc;
     return Compute();
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "datafile/SingleDoc.h"
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
 
 class CComprDoc : public CBaseFileDoc {
 public:

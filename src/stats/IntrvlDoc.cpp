@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "datafile/DataFile.h"
+#include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 #include "stats/Distributions.h"
@@ -16,7 +17,7 @@ int CIntrvlDoc::InitFromDialog(CDialog& dlg) {
     m_strTitle = d->m_strTitle;
     m_bScale = d->m_bScale;
     m_items = d->m_items;
-    m_dAlpha = intrvl_AlphaFromLevel(d->m_strLevel);
+    m_dAlpha = dlg_AlphaFromLevel(d->m_strLevel);
     return Compute(m_dAlpha);
 }
 

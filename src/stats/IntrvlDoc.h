@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "datafile/SingleDoc.h"
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
 
 class CObsStream;
 

@@ -1,5 +1,6 @@
 #include "stats/VarDoc.h"
 
+#include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
 #include "stats/PairDialogs.h"
@@ -7,10 +8,10 @@
 
 int CVarDoc::InitFromDialog(CDialog& dialog) {
     auto& dlg = dynamic_cast<CVarDlg&>(dialog);
-    m_dAlpha = pair_AlphaFromLevel(dlg.m_strLevel);
+    m_dAlpha = dlg_AlphaFromLevel(dlg.m_strLevel);
     m_strTitle = dlg.m_strTitle;
     m_bScale = dlg.m_bScale;
-    if (int rc = pair_Expand(dlg.m_items, &m_items)) return rc;
+    if (int rc = pair_Expand(dlg.m_pairs, &m_items)) return rc;
     return Compute();
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "datafile/SingleDoc.h"
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
 
 class CVarDoc : public CBaseFileDoc {
 public:

@@ -43,7 +43,8 @@ protected:
         dlg.m_nMethod = method;
         dlg.m_strLevel = level;
         dlg.m_strTitle = "T";
-        for (const auto& [path, reps] : files) dlg.AddFile(path, reps);
+        for (std::size_t i = 0; i + 1 < files.size(); i += 2)
+            dlg.AddPair({files[i].first, files[i].second}, {files[i + 1].first, files[i + 1].second});
         if (int rc = dlg.Validate(nullptr)) return rc;
         return doc.InitFromDialog(dlg);
     }
@@ -207,9 +208,8 @@ TEST_F(ComprDocTest, PairedReport) {
     std::string b = File("b.dat", {{3, 4, 8, 6}});
     CComprDlg dlg;
     dlg.m_strTitle = "Paired";
-    dlg.AddFile(a, "");
-    dlg.AddFile(b, "");
-    dlg.m_items[0].m_strIdent = "A.dat";
+    dlg.AddPair({a, ""}, {b, ""});
+    dlg.m_pairs[0].a.m_strIdent = "A.dat";
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CComprDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
@@ -231,9 +231,8 @@ TEST_F(ComprDocTest, TwoSampleReport) {
     CComprDlg dlg;
     dlg.m_nMethod = CComprDlg::METHOD_TWO_SAMPLE;
     dlg.m_strLevel = "0.9";
-    dlg.AddFile(a, "");
-    dlg.AddFile(b, "");
-    dlg.m_items[0].m_strIdent = "A.dat";
+    dlg.AddPair({a, ""}, {b, ""});
+    dlg.m_pairs[0].a.m_strIdent = "A.dat";
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CComprDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);

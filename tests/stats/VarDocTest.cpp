@@ -37,8 +37,8 @@ protected:
                 const std::vector<std::string>& idents = {}) {
         CVarDlg dlg;
         dlg.m_strTitle = title;
-        for (const std::string& f : files) dlg.AddFile(f, "");
-        for (std::size_t i = 0; i < idents.size(); ++i) dlg.m_items[2 * i].m_strIdent = idents[i];
+        for (std::size_t i = 0; i + 1 < files.size(); i += 2) dlg.AddPair({files[i], ""}, {files[i + 1], ""});
+        for (std::size_t i = 0; i < idents.size(); ++i) dlg.m_pairs[i].a.m_strIdent = idents[i];
         if (int rc = dlg.Validate(nullptr)) return rc;
         return doc.InitFromDialog(dlg);
     }
