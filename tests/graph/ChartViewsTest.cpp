@@ -7,8 +7,10 @@
 
 #include "GraphTestUtil.h"
 #include "datafile/FileGlobals.h"
-#include "graph/CorrView.h"
-#include "graph/IntervalViews.h"
+#include "series/CorrView.h"
+#include "stats/IntrvlView.h"
+#include "stats/PairViews.h"
+#include "series/StdIntView.h"
 #include "series/CorrDoc.h"
 #include "stats/ComprDoc.h"
 

@@ -1,6 +1,5 @@
 // The interval charts: the classical, standard deviation and standardized
-// time series intervals (one family, titled by analysis), and the comparisons
-// of means and of variances, which mark the value their test compares with.
+// time series intervals, one family titled by analysis.
 #pragma once
 
 #include <string>
@@ -42,32 +41,4 @@ public:
 
 protected:
     bool ShowsExtremes() const override { return false; }
-};
-
-class CStdIntView : public CIntrvlView {
-public:
-    CStdIntView() : CIntrvlView(15953) {}
-};
-
-// One interval per pair, for the difference of means (0 always in view) or
-// the ratio of variances (1 always in view).
-class CComprView : public CBaseScrollView {
-public:
-    int DrawGraph(CDC& dc) override;
-    // Takes the pairs, range, level and scale flag of its CComprDoc.
-    void OnInitialUpdate() override;
-    // paired: the paired-t title, else two-sample-t.
-    void SetPairs(const std::vector<IntervalItem>& pairs, bool paired, double low, double high, double alpha, bool scale);
-
-    IntervalChart m_chart;
-};
-
-class CVarView : public CBaseScrollView {
-public:
-    int DrawGraph(CDC& dc) override;
-    // Takes the pairs, range, level and scale flag of its CVarDoc.
-    void OnInitialUpdate() override;
-    void SetPairs(const std::vector<IntervalItem>& pairs, double low, double high, double alpha, bool scale);
-
-    IntervalChart m_chart;
 };

@@ -1,4 +1,4 @@
-#include "graph/CorrView.h"
+#include "series/CorrView.h"
 
 #include <algorithm>
 
