@@ -18,17 +18,6 @@ struct CMultiFileItem {
     int m_nTreatment = 1;        // op_ParseRepTreatment of m_strReps
     std::string m_strIdent;      // identifier shown in reports; the path unless set
 
-    double m_dAverage = 0.0;     // or the estimate / statistic of the analysis
-    double m_dStdDev = 0.0;
-    double m_dHalfWidth = 0.0;
-    double m_dLower = 0.0;
-    double m_dUpper = 0.0;
-    double m_dMin = 0.0;
-    double m_dMax = 0.0;
-    double m_dRange = 0.0;
-    long m_lNumObs = 0;
-    bool m_bComputed = false;
-
     CMultiFileItem() = default;
     CMultiFileItem(std::string path, std::string reps);
     const std::string& Identifier() const { return m_strIdent.empty() ? m_strPath : m_strIdent; }

@@ -12,24 +12,28 @@ int CIntrvlView::DrawGraph(CDC& dc) {
 
 void CIntrvlView::OnInitialUpdate() {
     CBaseScrollView::OnInitialUpdate();
-    auto* doc = dynamic_cast<CIntrvlDoc*>(m_pDocument);
-    if (!doc) return;
-    // A row without observations wrote no record: it is left out.
-    std::vector<std::string> names;
-    std::vector<int> offsets;
-    for (std::size_t i = 0; i < doc->m_items.size(); ++i) {
-        if (!doc->m_items[i].m_bComputed) continue;
-        names.push_back(doc->m_items[i].Identifier());
-        offsets.push_back(doc->GraphRecordOffset(static_cast<int>(i)));
-    }
-    SetRecords(names, offsets, doc->m_dGraphLow, doc->m_dGraphHigh, doc->m_dAlpha, doc->m_bScale);
+    if (auto* doc = dynamic_cast<CIntrvlDoc*>(m_pDocument)) SetResults(doc->Results(), doc->m_dAlpha, doc->m_bScale);
 }
 
-void CIntrvlView::SetRecords(const std::vector<std::string>& names, const std::vector<int>& offsets, double low,
-                             double high, double alpha, bool scale) {
-    chart_ReadRecords(m_chart, names, offsets, ShowsExtremes());
-    m_chart.low = low;
-    m_chart.high = high;
+void CIntrvlView::SetResults(const IntervalResults& results, double alpha, bool scale) {
+    m_chart.items.clear();
+    // A row without observations has nothing to draw.
+    for (const IntervalRow& row : results.rows) {
+        if (!row.computed) continue;
+        IntervalItem item;
+        item.name = row.ident;
+        item.estimate = Estimate(row);
+        item.lower = row.lower;
+        item.upper = row.upper;
+        item.extremes = ShowsExtremes();
+        if (item.extremes) {
+            item.minimum = row.min;
+            item.maximum = row.max;
+        }
+        m_chart.items.push_back(std::move(item));
+    }
+    m_chart.low = results.graphLow;
+    m_chart.high = results.graphHigh;
     m_chart.title = msg_Text(m_nTitleId);
     m_chart.estimateLabel = ShowsExtremes() ? msg_Text(15956) : "";
     m_chart.legend = chart_LegendText(alpha);

@@ -7,16 +7,14 @@
 namespace {
 
 // One interval per pair, named by its first file.
-template <class Doc>
-std::vector<IntervalItem> PairItems(const Doc& doc) {
+std::vector<IntervalItem> PairItems(const PairResults& results) {
     std::vector<IntervalItem> items;
-    for (int i = 0; i < doc.PairCount(); ++i) {
-        const CMultiFileItem& a = doc.PairA(i);
+    for (const PairRow& row : results.rows) {
         IntervalItem item;
-        item.name = doc.PairIdentifier(i);
-        item.estimate = a.m_dAverage;
-        item.lower = a.m_dLower;
-        item.upper = a.m_dUpper;
+        item.name = row.ident;
+        item.estimate = row.estimate;
+        item.lower = row.lower;
+        item.upper = row.upper;
         items.push_back(std::move(item));
     }
     return items;
@@ -45,14 +43,14 @@ void CComprView::SetPairs(const std::vector<IntervalItem>& pairs, bool paired, d
 void CComprView::OnInitialUpdate() {
     CBaseScrollView::OnInitialUpdate();
     if (auto* doc = dynamic_cast<CComprDoc*>(m_pDocument))
-        SetPairs(PairItems(*doc), doc->m_nMethod == CComprDoc::METHOD_PAIRED, doc->m_dLow, doc->m_dHigh, doc->m_dAlpha,
-                 doc->m_bScale);
+        SetPairs(PairItems(doc->Results()), doc->m_nMethod == CComprDoc::METHOD_PAIRED, doc->Results().low,
+                 doc->Results().high, doc->m_dAlpha, doc->m_bScale);
 }
 
 void CVarView::OnInitialUpdate() {
     CBaseScrollView::OnInitialUpdate();
     if (auto* doc = dynamic_cast<CVarDoc*>(m_pDocument))
-        SetPairs(PairItems(*doc), doc->m_dLow, doc->m_dHigh, doc->m_dAlpha, doc->m_bScale);
+        SetPairs(PairItems(doc->Results()), doc->Results().low, doc->Results().high, doc->m_dAlpha, doc->m_bScale);
 }
 
 int CVarView::DrawGraph(CDC& dc) {
