@@ -67,7 +67,7 @@ CLI::App* SetupCompare(CLI::App& app) {
 
 int RunCompare(CliIO&) {
     std::vector<FileArg> files = PairFiles(g_compare);
-    cli_Host().SetFrameHandler(cli_SvgFrame(g_compare.svg));
+    cli_Host().SetSvgOutput(&g_compare.svg);
     return cli_RunEntry<CComprDlg>(g_OnComparison, g_compare.group, [&](CComprDlg& dlg) {
         FillPairs(dlg, g_compare, files);
         dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
@@ -83,7 +83,7 @@ CLI::App* SetupVartest(CLI::App& app) {
 
 int RunVartest(CliIO&) {
     std::vector<FileArg> files = PairFiles(g_vartest);
-    cli_Host().SetFrameHandler(cli_SvgFrame(g_vartest.svg));
+    cli_Host().SetSvgOutput(&g_vartest.svg);
     return cli_RunEntry<CVarDlg>(g_OnVartest, g_vartest.group,
                                  [&](CVarDlg& dlg) { FillPairs(dlg, g_vartest, files); });
 }

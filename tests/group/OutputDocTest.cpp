@@ -233,7 +233,8 @@ TEST(OutputDoc, SaveAndOpenThroughAFile) {
     {
         COutputDoc doc;
         doc.OnNewDocument();
-        Fill(doc, 300);
+        Fill(doc, 299);
+        doc.InsertItem(299, MakeItem("../w.dat", "w", 1));
         EXPECT_TRUE(doc.IsModified());
         ASSERT_TRUE(doc.OnSaveDocument(path.c_str()));
         EXPECT_FALSE(doc.IsModified());
@@ -243,10 +244,12 @@ TEST(OutputDoc, SaveAndOpenThroughAFile) {
     COutputDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument("sub/g.dgr"));
     EXPECT_EQ(doc.GetItemCount(), 300);
-    EXPECT_EQ(doc.GetItem(299)->m_strPath, "/data/run299.dat");
+    EXPECT_EQ(doc.GetItem(298)->m_strPath, "/data/run298.dat");
     EXPECT_FALSE(doc.IsModified());
-    // Opening made the group's folder the current directory.
-    EXPECT_EQ(fs::current_path(), fs::canonical(dir.Dir() / "sub"));
+    // The current folder stays; a relative item leads from the group's folder.
+    EXPECT_EQ(fs::current_path(), dir.Dir());
+    EXPECT_EQ(doc.ItemPath(298), "/data/run298.dat");
+    EXPECT_EQ(doc.ItemPath(299), (dir.Dir() / "sub" / "../w.dat").string());
     EXPECT_TRUE(host.messages.empty());
 }
 
