@@ -6,6 +6,7 @@
 #include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
+#include "stats/IntervalCheck.h"
 #include "stats/PairDialogs.h"
 #include "stats/PairFiles.h"
 
@@ -87,6 +88,7 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     if (variance < 0.0) variance = 0.0;
     double t = st_TQuantile(static_cast<int>(n - 1), m_dAlpha / 2.0);
     double hw = t * std::sqrt(variance) / std::sqrt(static_cast<double>(n));
+    if (!st_IntervalHolds(mean, std::sqrt(variance), mean - hw, mean + hw)) return IDS_INTERVAL_ERROR;
 
     StoreResults(row, mean, std::sqrt(variance), hw);
     row.a = {sa.min, sa.max, n};
@@ -120,8 +122,9 @@ int CComprDoc::ComputeTwoSample(const CFilePairItem& pair, PairRow& row) {
     int df = CutToInt(s * s / (wb * wb / (dnb - 1.0) + wa * wa / (dna - 1.0)));
     double se = std::sqrt(s);
     double hw = st_TQuantile(df, m_dAlpha / 2.0) * se;
-
     double estimate = sa.sums.Mean() - sb.sums.Mean();
+    if (!st_IntervalHolds(estimate, se, estimate - hw, estimate + hw)) return IDS_INTERVAL_ERROR;
+
     StoreResults(row, estimate, se, hw);
     row.a = {sa.min, sa.max, na};
     row.b = {sb.min, sb.max, nb};

@@ -5,6 +5,7 @@
 #include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
+#include "stats/IntervalCheck.h"
 #include "stats/PairDialogs.h"
 #include "stats/PairFiles.h"
 
@@ -60,6 +61,7 @@ int CVarDoc::ComputePair(const CFilePairItem& pair, PairRow& row) {
     double lower = ratio / f1;
     // With both NaN the quantile's NaN, sign and all, is the one reported.
     double upper = std::isnan(f2) ? f2 : ratio * f2;
+    if (!st_IntervalHolds(ratio, ratio, lower, upper)) return IDS_INTERVAL_ERROR;
 
     row.estimate = ratio;
     row.lower = lower;
