@@ -12,8 +12,7 @@ class DataFileCheckTest : public ::testing::Test {
 protected:
     void SetUp() override {
         test_WriteDataFile(P("tally.dat"), {}, test_Replications({{{1, 1}, {2, 2}}, {{1, 3}}}));
-        for (auto [name, kind] : {std::pair{"dstat.dat", 1}, {"cstat.dat", 2}, {"output.dat", 4}, {"counter.dat", 6},
-                                  {"freq.dat", 7}, {"filtered.dat", 5}}) {
+        for (auto [name, kind] : {std::pair{"dstat.dat", 1}, {"cstat.dat", 2}, {"output.dat", 4}, {"filtered.dat", 5}}) {
             HeaderFields h;
             h.kind = kind;
             test_WriteDataFile(P(name), h, test_Replications({{{1, 1}}}));
@@ -41,15 +40,11 @@ TEST_F(DataFileCheckTest, EachStepInTheOrderGiven) {
         {"bad.dat", "x", {Header, Treatment}, 15821, Header},
         {"bad.dat", "", {HeaderReadable}, 15821, HeaderReadable},
         {"tally.dat", "0", {Treatment}, 15804, Treatment},
-        {"tally.dat", "Batch", {Treatment}, 15804, Treatment},
-        {"tally.dat", "1234567890", {Treatment}, 15804, Treatment},
         {"tally.dat", "2", {Treatment, EnoughReps}, 0, Exists},
         {"tally.dat", "3", {Treatment, EnoughReps}, 15940, EnoughReps},
         {"tally.dat", "All", {EnoughReps}, 0, Exists},
         {"dstat.dat", "Lumped", {Header, NotTimePersistent}, 15810, NotTimePersistent},
         {"cstat.dat", "", {Header, Observations}, 15810, Observations},
-        {"counter.dat", "All", {Header, NotTimePersistent}, 15810, NotTimePersistent},
-        {"freq.dat", "", {Header, NotTimePersistent}, 15810, NotTimePersistent},
         // Output data are observations only when the replications are lumped.
         {"output.dat", "1", {Header, NotTimePersistent}, 0, Exists},
         {"output.dat", "All", {Header, Observations}, 15810, Observations},

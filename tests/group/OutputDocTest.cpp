@@ -235,6 +235,7 @@ TEST(OutputDoc, SaveAndOpenThroughAFile) {
         doc.OnNewDocument();
         Fill(doc, 299);
         doc.InsertItem(299, MakeItem("../w.dat", "w", 1));
+        grp_test_WriteDataFile(dir.Path("w.dat"), 3, 2, "Waits");
         EXPECT_TRUE(doc.IsModified());
         ASSERT_TRUE(doc.OnSaveDocument(path.c_str()));
         EXPECT_FALSE(doc.IsModified());
@@ -250,6 +251,8 @@ TEST(OutputDoc, SaveAndOpenThroughAFile) {
     EXPECT_EQ(fs::current_path(), dir.Dir());
     EXPECT_EQ(doc.ItemPath(298), "/data/run298.dat");
     EXPECT_EQ(doc.ItemPath(299), (dir.Dir() / "sub" / "../w.dat").string());
+    EXPECT_EQ(doc.DescribeItem(299, true), 0);
+    EXPECT_EQ(doc.GetItem(299)->m_strDescription, "../w.dat, 2, Tally, Waits");
     EXPECT_TRUE(host.messages.empty());
 }
 

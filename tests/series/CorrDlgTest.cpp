@@ -45,7 +45,6 @@ TEST_F(CorrDlgChecks, OrderMessagesAndFocus) {
         {"tally.dat", "x", 0, "tally.dat", 15925, OutputFile},
         {"bad.dat", "x", 0, "", 15821, DataFile},
         {"tally.dat", "x", 0, "", 15804, Replications},
-        {"tally.dat", "0", 5, "", 15804, Replications},
         {"cstat.dat", "9", 0, "", 15809, MaxLags},
         {"cstat.dat", "9", 5, "", 15940, Replications},
         {"cstat.dat", "All", 5, "", 15810, DataFile},

@@ -70,8 +70,6 @@ TEST_F(FiltrDlgChecks, FirstFailingCheckWinsAndNamesItsControl) {
          OutputFile},
         {"not a data file", m_bad, "x", "", "", "", IDS_INVALID_DATA_FILE, DataFile},
         {"treatment words", m_good, "xyz", "", "", "", IDS_INVALID_REP_TREATMENT, Replications},
-        {"treatment zero", m_good, "0", "", "", "", IDS_INVALID_REP_TREATMENT, Replications},
-        {"treatment with blank", m_good, " 2", "", "", "", IDS_INVALID_REP_TREATMENT, Replications},
         {"too few replications", m_good, "3", "", "", "", IDS_NOT_ENOUGH_REPS, Replications},
         {"last replication", m_good, "2", "", "", m_dir / "out.flt", 0, None},
         {"all", m_good, "All", "0", "0", "", 0, None},
