@@ -28,7 +28,7 @@ int CCorrDoc::InitFromDialog(CDialog& dialog) {
 }
 
 int CCorrDoc::Compute() {
-    m_objList.clear();
+    m_results = CorrResults{};
     COutputDataFile out(m_strOutFile);
     if (int rc = out.Open()) return rc;
     if (int rc = out.WriteHeader(KIND_FILTERED, m_nReinit, m_strIdent, m_strCorrTitle)) return rc;
@@ -113,7 +113,7 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
         // A constant series has variance 0: the correlations are then 0/0.
         double r = c / variance;
         weighted += (1.0 - static_cast<double>(k) / dn) * c;
-        m_objList.push_back(std::make_unique<CCovarData>(k, c, r));
+        m_results.lags.push_back({k, c, r});
         out.Put(k, r);
     }
     // Under "all" the marker that ended the pass closes the replication in the
@@ -122,9 +122,9 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
         out.Put(in.EndTime(), in.EndValue());
     else
         out.Put(MARK_END, MARK_END);
-    m_dMean = mean;
-    m_dVariance = variance;
-    m_nSize = static_cast<int>(n);
-    m_dWeightedSum = 2.0 * weighted;
+    m_results.mean = mean;
+    m_results.variance = variance;
+    m_results.size = static_cast<int>(n);
+    m_results.weightedSum = 2.0 * weighted;
     return 0;
 }

@@ -41,14 +41,7 @@ int CFiltrDoc::PassCount() const {
 }
 
 int CFiltrDoc::Compute() {
-    truncUsed = -1.0;
-    batchUsed = -1.0;
-    numBatches = -1;
-    trailingObs = -1;
-    trailingTime = -1.0;
-    covEstimate = -1.0;
-    rejectPositive = 0;
-    rejectNonZero = 0;
+    m_results = BatchResults{};
     if (!IsOpen()) return IDS_READ_ERROR;
 
     COutputDataFile out(batchFileName);
@@ -77,14 +70,15 @@ int CFiltrDoc::Compute() {
         }
         FiltrResults res;
         rc = filtr_RunPass(in, prm, rep, out, &res);
-        if (res.truncUsed) truncUsed = *res.truncUsed;
-        if (res.batchUsed) batchUsed = *res.batchUsed;
-        if (res.numBatches) numBatches = *res.numBatches;
-        if (res.trailingObs) trailingObs = *res.trailingObs;
-        if (res.trailingTime) trailingTime = *res.trailingTime;
-        if (res.covEstimate) covEstimate = *res.covEstimate;
-        if (res.rejectPositive) rejectPositive = *res.rejectPositive;
-        if (res.rejectNonZero) rejectNonZero = *res.rejectNonZero;
+        BatchResults& r = m_results;
+        if (res.truncUsed) r.truncUsed = *res.truncUsed;
+        if (res.batchUsed) r.batchUsed = *res.batchUsed;
+        if (res.numBatches) r.numBatches = *res.numBatches;
+        if (res.trailingObs) r.trailingObs = *res.trailingObs;
+        if (res.trailingTime) r.trailingTime = *res.trailingTime;
+        if (res.covEstimate) r.covEstimate = *res.covEstimate;
+        if (res.rejectPositive) r.rejectPositive = *res.rejectPositive;
+        if (res.rejectNonZero) r.rejectNonZero = *res.rejectNonZero;
     }
 
     if (rc == 0 && m_nTreatment != REP_ALL) out.Put(MARK_END, MARK_END);
