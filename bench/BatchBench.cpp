@@ -10,7 +10,7 @@
 
 namespace {
 
-// The document is opened (counted and indexed) once; each iteration is one
+// The document is opened once; each iteration is one
 // full computation over the file.
 void RunBatching(benchmark::State& state, const std::string& path, int batchUnit, bool toFile) {
     CFiltrDoc doc;

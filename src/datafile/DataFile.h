@@ -20,14 +20,16 @@ int op_CheckFileHdr(const char* path, int* kind, int* reinit, int* count, std::s
 int op_GetFileKind(const char* path);
 int op_GetFileReinit(const char* path);
 
-// Reads one record; end of file and errors show in the stream's indicators
-// (inline, below).
+// Reads one record; end of file and errors show in the stream's indicators.
+void op_ReadPair(FILE* f, int isDouble, double* time, double* value);
 // Writes one record in the precision the configuration asks for now.
 int op_WritePair(FILE* f, const double* time, const double* value);
 void op_ReadTextPair(const char* line, double* time, double* value);
 
 int op_SeekRep(FILE* f, int isDouble, int rep, int* repFound, bool binary);
-// Reads the next observation or marker under a treatment (inline, below).
+// Reads the next observation or marker under a treatment. Analyses read
+// through CRecordReader (RecordReader.h), which keeps the same rules.
+void op_ReadObs(FILE* f, int isDouble, int treatment, int kind, double* time, double* value);
 int op_CountReps(const char* path);
 void op_SeekLastRecord(FILE* f, bool isDouble);
 
@@ -37,47 +39,6 @@ bool op_IsAlpha(const char* text);
 bool op_IsDigits(const char* text);
 int op_ParseRepTreatment(const char* text);
 void op_PickNonEmpty(std::string& target, const std::string& first, const std::string& second);
-
-namespace op_detail {
-
-// Copies the next whole record straight out of the stream's read buffer, as
-// getc_unlocked does with a byte; false when the buffer holds less than a record.
-template <typename T>
-inline bool TakeRecord(FILE* f, double* time, double* value) {
-#ifdef __GLIBC__
-    T rec[2];
-    if (f->_IO_read_end - f->_IO_read_ptr < static_cast<long>(sizeof rec)) return false;
-    __builtin_memcpy(rec, f->_IO_read_ptr, sizeof rec);
-    f->_IO_read_ptr += sizeof rec;
-    *time = rec[0];
-    *value = rec[1];
-    return true;
-#else
-    (void)f, (void)time, (void)value;
-    return false;
-#endif
-}
-
-void ReadObsFull(FILE* f, int isDouble, int treatment, int kind, double* time, double* value);
-void ReadPairFull(FILE* f, int isDouble, double* time, double* value);
-
-}  // namespace op_detail
-
-inline void op_ReadPair(FILE* f, int isDouble, double* time, double* value) {
-    if (isDouble ? op_detail::TakeRecord<double>(f, time, value) : op_detail::TakeRecord<float>(f, time, value)) return;
-    op_detail::ReadPairFull(f, isDouble, time, value);
-}
-
-// The common case (an ordinary record already in the stream's buffer) is
-// inlined into the caller's loop, so reading 10^7 records costs little more
-// than a plain block read; markers, means and buffer refills take the full path.
-inline void op_ReadObs(FILE* f, int isDouble, int treatment, int kind, double* time, double* value) {
-    if (kind != KIND_NONE && treatment != REP_REPMEANS &&
-        (isDouble ? op_detail::TakeRecord<double>(f, time, value) : op_detail::TakeRecord<float>(f, time, value)) &&
-        !(*time < 0.0 && *value == MARK_SKIP))
-        return;
-    op_detail::ReadObsFull(f, isDouble, treatment, kind, time, value);
-}
 
 // Header fields as one record, for callers that want them together.
 struct DataFileHeader {
@@ -93,3 +54,6 @@ struct DataFileHeader {
     int isDouble = 1;
 };
 int op_ReadFileHdr(FILE* f, bool exportStyle, DataFileHeader* hdr);
+// Reads a binary header from bytes already in memory, as op_ReadFileHdr reads
+// it from a stream; *used is the number of bytes it took.
+int op_ParseFileHdr(const char* bytes, std::size_t size, DataFileHeader* hdr, std::size_t* used);

@@ -25,9 +25,35 @@ char Upper(const char* line, std::size_t col) {
     return std::strlen(line) > col ? static_cast<char>(std::toupper(static_cast<unsigned char>(line[col]))) : '\0';
 }
 
-bool ReadLine(FILE* f, char* buf) {
+// Where a header is read from: a stream, or the bytes a reader already holds.
+// Both give fgets and fgetc behaviour, so a header reads alike from either.
+struct StreamSource {
+    FILE* f;
+    bool Gets(char* buf, int n) { return std::fgets(buf, n, f) != nullptr; }
+    int Getc() { return std::fgetc(f); }
+};
+
+struct BytesSource {
+    const char* at;
+    const char* end;
+    bool Gets(char* buf, int n) {
+        if (at == end) return false;
+        int i = 0;
+        while (i < n - 1 && at != end) {
+            char c = *at++;
+            buf[i++] = c;
+            if (c == '\n') break;
+        }
+        buf[i] = '\0';
+        return true;
+    }
+    int Getc() { return at == end ? EOF : static_cast<unsigned char>(*at++); }
+};
+
+template <typename Source>
+bool ReadLine(Source& f, char* buf) {
     buf[0] = '\0';
-    return std::fgets(buf, kLineBuffer, f) != nullptr;
+    return f.Gets(buf, kLineBuffer);
 }
 
 void StripLineEnd(char* text) {
@@ -41,7 +67,8 @@ int Reject(int* kind, int* hdrStatus) {
     return IDS_INVALID_HEADER;
 }
 
-int ReadBinaryHeader(FILE* f, int* kind, char* type, int* reinit, int* count, int* identLen, int* titleLen,
+template <typename Source>
+int ReadBinaryHeader(Source& f, int* kind, char* type, int* reinit, int* count, int* identLen, int* titleLen,
                      char* ident, std::string* title, int* hdrStatus, int* isDouble) {
     char line[kLineBuffer];
     char field[kLineBuffer];
@@ -72,9 +99,9 @@ int ReadBinaryHeader(FILE* f, int* kind, char* type, int* reinit, int* count, in
         if (const char* blank = std::strchr(line + 19, ' ')) *count = static_cast<int>(std::strtol(blank, nullptr, 10));
     }
 
-    int c = std::fgetc(f);
+    int c = f.Getc();
     for (int skipped = 0; c != 26;) {
-        c = std::fgetc(f);
+        c = f.Getc();
         if (++skipped > kMaxBytesBeforeEnd) return Reject(kind, hdrStatus);
     }
     *hdrStatus = 50;
@@ -82,7 +109,8 @@ int ReadBinaryHeader(FILE* f, int* kind, char* type, int* reinit, int* count, in
     return 0;
 }
 
-int ReadExportHeader(FILE* f, int* kind, char* type, int* reinit, int* count, int* identLen, int* titleLen,
+template <typename Source>
+int ReadExportHeader(Source& f, int* kind, char* type, int* reinit, int* count, int* identLen, int* titleLen,
                      char* ident, std::string* title, int* hdrStatus) {
     char line[kLineBuffer];
     char field[kLineBuffer];
@@ -119,10 +147,9 @@ int ReadExportHeader(FILE* f, int* kind, char* type, int* reinit, int* count, in
     return 0;
 }
 
-}  // namespace
-
-int op_ReadFileHdr(FILE* f, bool exportStyle, int* kind, char* type, int* reinit, int* count, int* identLen,
-                   int* titleLen, char* ident, std::string* title, int* hdrStatus, int* isDouble) {
+template <typename Source>
+int ReadHeader(Source& f, bool exportStyle, int* kind, char* type, int* reinit, int* count, int* identLen,
+               int* titleLen, char* ident, std::string* title, int* hdrStatus, int* isDouble) {
     *kind = 0;
     *count = 1;
     *identLen = 0;
@@ -132,6 +159,23 @@ int op_ReadFileHdr(FILE* f, bool exportStyle, int* kind, char* type, int* reinit
     ident[0] = '\0';
     if (exportStyle) return ReadExportHeader(f, kind, type, reinit, count, identLen, titleLen, ident, title, hdrStatus);
     return ReadBinaryHeader(f, kind, type, reinit, count, identLen, titleLen, ident, title, hdrStatus, isDouble);
+}
+
+}  // namespace
+
+int op_ReadFileHdr(FILE* f, bool exportStyle, int* kind, char* type, int* reinit, int* count, int* identLen,
+                   int* titleLen, char* ident, std::string* title, int* hdrStatus, int* isDouble) {
+    StreamSource source{f};
+    return ReadHeader(source, exportStyle, kind, type, reinit, count, identLen, titleLen, ident, title, hdrStatus,
+                      isDouble);
+}
+
+int op_ParseFileHdr(const char* bytes, std::size_t size, DataFileHeader* h, std::size_t* used) {
+    BytesSource source{bytes, bytes + size};
+    int rc = ReadHeader(source, false, &h->kind, h->type, &h->reinit, &h->count, &h->identLen, &h->titleLen,
+                        h->ident, &h->title, &h->hdrStatus, &h->isDouble);
+    *used = static_cast<std::size_t>(source.at - bytes);
+    return rc;
 }
 
 int op_ReadFileHdr(FILE* f, bool exportStyle, DataFileHeader* h) {

@@ -1,11 +1,10 @@
-#include <unistd.h>
-
 #include "datafile/DataFile.h"
 #include "framework/Messages.h"
+#include "platform/Files.h"
 
 namespace {
 
-// Large buffers keep record-at-a-time reads of 10^7-record files cheap.
+// Writers put one record at a time; a large buffer makes few system calls.
 constexpr std::size_t kStreamBuffer = 1 << 18;
 
 }  // namespace
@@ -13,7 +12,7 @@ constexpr std::size_t kStreamBuffer = 1 << 18;
 FILE* op_OpenDataFile(int* err, const char* path, int mode, bool mustExist) {
     *err = 0;
     if (mode == 3) return nullptr;  // a temporary name only; nothing is opened
-    bool exists = ::access(path, F_OK) == 0;
+    bool exists = plat_Exists(path);
     const char* how;
     if (mustExist) {
         if (!exists) {
@@ -26,7 +25,7 @@ FILE* op_OpenDataFile(int* err, const char* path, int mode, bool mustExist) {
     } else {
         how = (mode == 2) ? "r+b" : "r+";
     }
-    FILE* f = std::fopen(path, how);
+    FILE* f = plat_OpenStream(path, how);
     if (!f) {
         *err = IDS_OPEN_ERROR;
         return nullptr;

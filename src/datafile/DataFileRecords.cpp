@@ -2,6 +2,8 @@
 #include <cstring>
 
 #include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
+#include "datafile/RepMean.h"
 #include "framework/Config.h"
 #include "framework/Messages.h"
 
@@ -17,7 +19,7 @@ constexpr int kTextLineBuffer = 80;
 bool ReadRecord(FILE* f, int isDouble, bool binary, double* time, double* value) {
     if (binary) {
         op_ReadPair(f, isDouble, time, value);
-        return !::feof_unlocked(f) && !::ferror_unlocked(f);
+        return !std::feof(f) && !std::ferror(f);
     }
     char line[kTextLineBuffer];
     if (!std::fgets(line, kTextLineBuffer, f)) return false;
@@ -27,18 +29,16 @@ bool ReadRecord(FILE* f, int isDouble, bool binary, double* time, double* value)
 
 }  // namespace
 
-// Streams belong to one document on one thread: the stream lock that plain
-// fread takes on every record is pure cost on files of 10^7 records.
 template <typename T>
 static void ReadTwo(FILE* f, double* time, double* value) {
     T rec[2];
-    if (::fread_unlocked(rec, sizeof rec, 1, f) == 1) {
+    if (std::fread(rec, sizeof rec, 1, f) == 1) {
         *time = rec[0];
         *value = rec[1];
     }
 }
 
-void op_detail::ReadPairFull(FILE* f, int isDouble, double* time, double* value) {
+void op_ReadPair(FILE* f, int isDouble, double* time, double* value) {
     if (isDouble) {
         ReadTwo<double>(f, time, value);
     } else {
@@ -83,7 +83,7 @@ int op_SeekRep(FILE* f, int isDouble, int rep, int* repFound, bool binary) {
         *repFound = 1;
         while (*repFound < rep) {
             bool got = ReadRecord(f, isDouble, binary, &time, &value);
-            if (::ferror_unlocked(f)) return IDS_READ_ERROR;
+            if (std::ferror(f)) return IDS_READ_ERROR;
             if (!got) break;
             if (time > -1.0 || value == MARK_SKIP) continue;
             ++*repFound;
@@ -91,7 +91,7 @@ int op_SeekRep(FILE* f, int isDouble, int rep, int* repFound, bool binary) {
         if (*repFound == rep) {
             long pos = std::ftell(f);
             bool got = ReadRecord(f, isDouble, binary, &time, &value);
-            if (::ferror_unlocked(f)) return IDS_READ_ERROR;
+            if (std::ferror(f)) return IDS_READ_ERROR;
             if (!got) {
                 *repFound = 0;
                 return IDS_INVALID_REP_TREATMENT;
@@ -105,7 +105,7 @@ int op_SeekRep(FILE* f, int isDouble, int rep, int* repFound, bool binary) {
     return IDS_INVALID_REP_TREATMENT;
 }
 
-void op_detail::ReadObsFull(FILE* f, int isDouble, int treatment, int kind, double* time, double* value) {
+void op_ReadObs(FILE* f, int isDouble, int treatment, int kind, double* time, double* value) {
     if (kind == KIND_NONE) {
         if (NO_RESYNC) return;
         for (;;) {
@@ -117,15 +117,12 @@ void op_detail::ReadObsFull(FILE* f, int isDouble, int treatment, int kind, doub
             if (*time < 0.0 && *value == MARK_SKIP) return;
         }
     }
-    double sum = 0.0;
-    double weight = 0.0;
-    double prevTime = 0.0;
-    double prevValue = 0.0;
+    RepMean mean;
     for (;;) {
         double t = 0.0;
         double v = 0.0;
         op_ReadPair(f, isDouble, &t, &v);
-        if (::feof_unlocked(f) || ::ferror_unlocked(f)) {
+        if (std::feof(f) || std::ferror(f)) {
             *time = *value = -1.0;
             return;
         }
@@ -136,76 +133,18 @@ void op_detail::ReadObsFull(FILE* f, int isDouble, int treatment, int kind, doub
             return;
         }
         if (t >= 0.0) {
-            if (kind == KIND_DSTAT || kind == KIND_COUNTER) {
-                // Step rule weighted by the value that ends the step, as files
-                // have always been averaged here.
-                if (prevTime >= 0.0) {
-                    sum += (t - prevTime) * v;
-                    weight += t - prevTime;
-                    prevTime = t;
-                }
-            } else if (kind == KIND_CSTAT) {
-                if (prevTime < 0.0) {
-                    prevTime = t;
-                    prevValue = v;
-                } else {
-                    sum += (v - prevValue) * (t - prevTime) * 0.5 + (t - prevTime) * prevValue;
-                    weight += t - prevTime;
-                    prevTime = t;
-                    prevValue = v;
-                }
-            } else {
-                sum += v;
-                weight += 1.0;
-                prevTime = 0.0;
-            }
+            mean.Add(kind, t, v);
             continue;
         }
-        if (v == MARK_REPEND || (v == MARK_END && prevTime >= 0.0)) {
-            *time = 1.0;
-            *value = sum / weight;
-        } else {
-            *time = t;
-            *value = v;
-        }
+        mean.Close(t, v, time, value);
         return;
     }
 }
 
 int op_CountReps(const char* path) {
-    int err = 0;
-    FILE* f = op_OpenDataFile(&err, path, 2, true);
-    if (!f) return IDS_OPEN_ERROR;
-    DataFileHeader h;
-    if (op_ReadFileHdr(f, false, &h) != 0) {
-        std::fclose(f);
-        return IDS_READ_ERROR;
-    }
-    int count = 0;
-    bool ended = false;
-    double time = 0.0;
-    double value = 0.0;
-    for (;;) {
-        op_ReadPair(f, h.isDouble, &time, &value);
-        if (::ferror_unlocked(f)) {
-            std::fclose(f);
-            return IDS_READ_ERROR;
-        }
-        if (::feof_unlocked(f)) break;
-        if (time <= -1.0 && value != MARK_SKIP) {
-            ++count;
-            if (value == MARK_END) {
-                ended = true;
-                break;
-            }
-        }
-    }
-    std::fclose(f);
-    if (!ended || count == 0) {
-        if (h.kind != KIND_FILTERED) return IDS_END_OF_FILE;
-        if (count == 0) count = 1;
-    }
-    return count;
+    CRecordReader reader;
+    if (int rc = reader.Open(path)) return rc == IDS_INVALID_HEADER ? IDS_READ_ERROR : IDS_OPEN_ERROR;
+    return reader.CountReps();
 }
 
 void op_SeekLastRecord(FILE* f, bool isDouble) { std::fseek(f, isDouble ? -16L : -8L, SEEK_END); }

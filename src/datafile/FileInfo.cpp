@@ -29,13 +29,14 @@ int op_DescribeDataFile(const std::string& path, std::string& text) {
     text += std::string("Records:        ") + (doc.m_nIsDouble ? "8-byte doubles" : "4-byte floats") + '\n';
     text += "Count field:    " + std::to_string(count) + '\n';
     // A count that is really an error id: no replication ended properly.
-    if (doc.m_nReps >= 15000) {
-        text += "Replications:   none complete (" + msg_Text(doc.m_nReps).substr(0, 20) + "...)\n";
+    const int reps = doc.RepCount();
+    if (reps >= 15000) {
+        text += "Replications:   none complete (" + msg_Text(reps).substr(0, 20) + "...)\n";
         return 0;
     }
-    text += "Replications:   " + std::to_string(doc.m_nReps) + '\n';
+    text += "Replications:   " + std::to_string(reps) + '\n';
     long total = 0;
-    for (int r = 1; r <= doc.m_nReps && r < doc.RepIndexSize(); ++r) {
+    for (int r = 1; r <= reps && r < doc.RepIndexSize(); ++r) {
         std::snprintf(line, sizeof line, "  replication %4d: %10d observations\n", r, doc.RepInfo(r).m_nObsCount);
         text += line;
         total += doc.RepInfo(r).m_nObsCount;

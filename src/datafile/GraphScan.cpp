@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 
 namespace {
@@ -22,16 +23,17 @@ void op_RangeScanBegin(RangeScan* scan, const double* bounds, const int* flags) 
     scan->valueHigh = -BIG_VALUE;
 }
 
-int op_RangeScanStream(RangeScan* scan, FILE* f, int isDouble, int treatment) {
+int op_RangeScanRecords(RangeScan* scan, CRecordReader& in, int treatment) {
     const bool fromTime = scan->flags[RANGE_TMIN] > 0;
     const bool toTime = scan->flags[RANGE_TMAX] > 0;
     const double from = scan->bounds[RANGE_TMIN];
     const double to = scan->bounds[RANGE_TMAX];
     for (;;) {
         double t = 0.0, v = 0.0;
-        op_ReadPair(f, isDouble, &t, &v);
-        if (std::ferror(f)) return IDS_READ_ERROR;
-        if (std::feof(f)) break;
+        if (!in.ReadRecord(&t, &v)) {
+            if (in.Failed()) return IDS_READ_ERROR;
+            break;
+        }
         if (t < 0.0) {
             if (v == MARK_SKIP) continue;
             if (v == MARK_END || !WholeData(treatment)) break;
@@ -52,37 +54,22 @@ void op_RangeScanEnd(const RangeScan* scan, double* bounds) {
     for (int i = 0; i < 4; ++i) bounds[i] = scan->flags[i] > 0 ? scan->bounds[i] : found[i];
 }
 
-int op_ScanRangeFiles(const std::vector<RangeSource>& files, double* bounds, const int* flags) {
+int op_ScanRangeFiles(const std::vector<RangeSource>& files, double* bounds, const int* flags,
+                      CRecordReader* firstOpen) {
     if (flags[0] > 0 && flags[1] > 0 && flags[2] > 0 && flags[3] > 0) return 0;  // nothing left open
     RangeScan scan;
     op_RangeScanBegin(&scan, bounds, flags);
     for (const RangeSource& src : files) {
-        int err = 0;
-        FILE* f = op_OpenDataFile(&err, src.path.c_str(), 2, true);
-        if (!f) return err == IDS_NO_FILE_OPEN ? IDS_FILE_NOT_FOUND : err;
-        DataFileHeader h;
-        int rc = op_ReadFileHdr(f, false, &h);
-        if (!rc && !WholeData(src.treatment)) {
-            int found = 0;
-            rc = op_SeekRep(f, h.isDouble, src.treatment, &found, true);
-        }
-        if (!rc) rc = op_RangeScanStream(&scan, f, h.isDouble, src.treatment);
-        std::fclose(f);
+        CRecordReader own;
+        const bool given = firstOpen && &src == &files.front();
+        CRecordReader& in = given ? *firstOpen : own;
+        int rc = given ? (in.Seek(in.FirstRecord()) ? 0 : IDS_READ_ERROR) : in.Open(src.path);
+        if (rc == IDS_NO_FILE_OPEN) return IDS_FILE_NOT_FOUND;
+        if (!rc && !WholeData(src.treatment)) rc = in.SeekRep(src.treatment);
+        if (!rc) rc = op_RangeScanRecords(&scan, in, src.treatment);
         if (rc) return rc;
     }
     op_RangeScanEnd(&scan, bounds);
     return 0;
 }
 
-void op_ReadGraphRecord(FILE* f, int isDouble, int treatment, int* rep, double* time, double* value) {
-    op_ReadPair(f, isDouble, time, value);
-    if (std::feof(f) || std::ferror(f)) {
-        *time = *value = MARK_END;
-        return;
-    }
-    if (*time >= 0.0 || *value == MARK_SKIP || *value == MARK_END) return;
-    if (WholeData(treatment))
-        *rep = treatment;
-    else
-        *rep = static_cast<int>(std::fmin(-*time, 2e9)) + 1;
-}

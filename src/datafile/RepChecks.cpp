@@ -1,6 +1,7 @@
 #include "datafile/RepChecks.h"
 
 #include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 
 int rep_CheckTreatment(int treatment) {
@@ -16,7 +17,14 @@ int rep_CheckTreatmentText(const std::string& text, int* treatment) {
 
 int rep_CheckEnoughReps(const char* path, int treatment) {
     if (treatment < 1) return 0;
-    return op_CountReps(path) < treatment ? IDS_NOT_ENOUGH_REPS : 0;
+    // The count's failures are message ids from 15832 up, and a count is
+    // never below 1; below those ids the file needs reading only until
+    // enough replications have gone by.
+    if (treatment > IDS_OPEN_ERROR) return op_CountReps(path) < treatment ? IDS_NOT_ENOUGH_REPS : 0;
+    if (treatment == 1) return 0;
+    CRecordReader in;
+    if (in.Open(path) != 0 || in.CountReaches(treatment)) return 0;
+    return in.CountReps() < treatment ? IDS_NOT_ENOUGH_REPS : 0;
 }
 
 int rep_CheckObservationKind(int kind, int treatment) {

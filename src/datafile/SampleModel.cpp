@@ -8,9 +8,9 @@
 #include <random>
 
 #include "datafile/DataFile.h"
+#include "datafile/OutputDataFile.h"
 #include "framework/Host.h"
 #include "framework/Messages.h"
-#include "framework/SafeOutput.h"
 
 namespace {
 
@@ -48,12 +48,9 @@ private:
     std::mt19937_64 m_engine;
 };
 
-struct Output {
-    std::unique_ptr<CSafeOutput> safe;
-    FILE* f = nullptr;
-};
+using Output = std::unique_ptr<COutputDataFile>;
 
-void Put(FILE* f, double t, double v) { op_WritePair(f, &t, &v); }
+void Put(const Output& out, double t, double v) { out->Put(t, v); }
 
 class QueueModel {
 public:
@@ -69,9 +66,9 @@ public:
         long waits = 0;
         m_work = 0.0;
         m_workTime = 0.0;
-        Put(m_out[kQueue].f, 0.0, 0.0);
-        Put(m_out[kWorkload].f, 0.0, 0.0);
-        Put(m_out[kServed].f, 0.0, 0.0);
+        Put(m_out[kQueue], 0.0, 0.0);
+        Put(m_out[kWorkload], 0.0, 0.0);
+        Put(m_out[kServed], 0.0, 0.0);
         for (long events = 0;; ++events) {
             if ((events & 0xFFFF) == 0)
                 host_Get().Progress("Simulating", (rep - 1) + now / m_opt.horizon, m_opt.reps);
@@ -82,22 +79,22 @@ public:
                 AddWork(now, service);
                 if (nextDeparture == INFINITY) {
                     nextDeparture = now + service;
-                    Put(m_out[kWaits].f, now, 0.0);
+                    Put(m_out[kWaits], now, 0.0);
                     ++waits;
                 } else {
                     waiting.emplace_back(now, service);
-                    Put(m_out[kQueue].f, now, static_cast<double>(waiting.size()));
+                    Put(m_out[kQueue], now, static_cast<double>(waiting.size()));
                 }
                 nextArrival = now + m_rng.Next(m_opt.arrivalRate);
             } else {
-                Put(m_out[kServed].f, now, ++served);
+                Put(m_out[kServed], now, ++served);
                 if (waiting.empty()) {
                     nextDeparture = INFINITY;
                 } else {
                     auto [arrived, service] = waiting.front();
                     waiting.pop_front();
-                    Put(m_out[kQueue].f, now, static_cast<double>(waiting.size()));
-                    Put(m_out[kWaits].f, now, now - arrived);
+                    Put(m_out[kQueue], now, static_cast<double>(waiting.size()));
+                    Put(m_out[kWaits], now, now - arrived);
                     waitSum += now - arrived;
                     ++waits;
                     nextDeparture = now + service;
@@ -105,9 +102,9 @@ public:
             }
         }
         AddWork(m_opt.horizon, 0.0);
-        Put(m_out[kQueue].f, m_opt.horizon, static_cast<double>(waiting.size()));
-        Put(m_out[kServed].f, m_opt.horizon, served);
-        Put(m_out[kMeanWait].f, m_opt.horizon, waits ? waitSum / static_cast<double>(waits) : 0.0);
+        Put(m_out[kQueue], m_opt.horizon, static_cast<double>(waiting.size()));
+        Put(m_out[kServed], m_opt.horizon, served);
+        Put(m_out[kMeanWait], m_opt.horizon, waits ? waitSum / static_cast<double>(waits) : 0.0);
     }
 
 private:
@@ -116,11 +113,11 @@ private:
     void AddWork(double now, double service) {
         double level = m_work - (now - m_workTime);
         if (level < 0.0) {
-            if (m_work > 0.0) Put(m_out[kWorkload].f, m_workTime + m_work, 0.0);
+            if (m_work > 0.0) Put(m_out[kWorkload], m_workTime + m_work, 0.0);
             level = 0.0;
         }
-        Put(m_out[kWorkload].f, now, level);
-        if (service > 0.0) Put(m_out[kWorkload].f, now, level + service);
+        Put(m_out[kWorkload], now, level);
+        if (service > 0.0) Put(m_out[kWorkload], now, level + service);
         m_work = level + service;
         m_workTime = now;
     }
@@ -150,25 +147,23 @@ int sample_Write(const std::string& folder, const SampleOptions& options) {
     int rc = 0;
     for (int i = 0; i < kFileCount && rc == 0; ++i) {
         const FileSpec& s = kSpecs[i];
-        out[i].safe = std::make_unique<CSafeOutput>((std::filesystem::path(folder) / s.name).string());
-        out[i].f = op_OpenDataFile(&rc, out[i].safe->TempPath().c_str(), 4, false);
-        if (out[i].f) rc = op_WriteFileHdr(out[i].f, false, s.kind, op_KindText(s.kind), 1, 1, 0, 0, s.ident, s.title);
+        out[i] = std::make_unique<COutputDataFile>((std::filesystem::path(folder) / s.name).string());
+        rc = out[i]->Open();
+        if (rc == 0) rc = out[i]->WriteHeader(s.kind, 1, s.ident, s.title);
     }
     if (rc == 0) {
         QueueModel model(options, out);
         for (int rep = 1; rep <= options.reps; ++rep) {
             model.RunReplication(rep);
             double mark = rep == options.reps ? MARK_END : MARK_REPEND;
-            for (Output& o : out) Put(o.f, -static_cast<double>(rep), mark);
+            for (Output& o : out) Put(o, -static_cast<double>(rep), mark);
         }
         host_Get().Progress("Simulating", options.reps, options.reps);
     }
-    for (Output& o : out) {
-        if (!o.f) continue;
-        if (std::ferror(o.f) && rc == 0) rc = IDS_WRITE_ERROR;
-        if (std::fclose(o.f) != 0 && rc == 0) rc = IDS_WRITE_ERROR;
-    }
+    // Every file is whole before any replaces an earlier one.
     for (Output& o : out)
-        if (rc == 0 && !o.safe->Commit()) rc = IDS_WRITE_ERROR;
+        if (o && o->Close() != 0 && rc == 0) rc = IDS_WRITE_ERROR;
+    for (Output& o : out)
+        if (rc == 0 && o->Commit() != 0) rc = IDS_WRITE_ERROR;
     return rc;
 }

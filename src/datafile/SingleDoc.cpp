@@ -20,56 +20,43 @@ CSingleDoc::~CSingleDoc() {
 bool CSingleDoc::OnNewDocument() { return CBaseFileDoc::OnNewDocument(); }
 
 bool CSingleDoc::OnOpenDocument(const char* path) {
-    // An error id from the count is a positive number and passes as a count;
-    // only an empty or unreadable count stops the open here.
-    m_nReps = op_CountReps(path);
-    if (m_nReps < 1) return false;
-
-    int err = 0;
-    m_pFile = op_OpenDataFile(&err, path, 2, true);
-    if (!m_pFile) {
-        // 23 has no text of its own: the file went away after it was counted.
-        AfxMessageBox(err == IDS_NO_FILE_OPEN ? IDS_FILE_NOT_FOUND : err);
-        return false;
-    }
-    DataFileHeader h;
-    if (int rc = op_ReadFileHdr(m_pFile, false, &h)) {
+    if (int rc = m_reader.Open(path)) {
+        // 23 has no text of its own.
+        AfxMessageBox(rc == IDS_NO_FILE_OPEN ? IDS_FILE_NOT_FOUND : rc);
         CloseStream();
-        AfxMessageBox(rc);
         return false;
     }
+    const DataFileHeader& h = m_reader.Header();
     m_nKind = h.kind;
     m_nReinit = h.reinit;
     m_strTitle = h.title;
     m_strIdent = h.ident;
     m_strType = h.type;
     m_nIsDouble = h.isDouble;
-    BuildIndex();
+
+    m_bIndexed = false;
+    m_nReps = 0;
+    m_repIndex.clear();
+    m_repIndex.push_back(std::make_unique<CRepInfo>());
+    m_repIndex.push_back(std::make_unique<CRepInfo>());
     return true;
 }
 
-void CSingleDoc::BuildIndex() {
-    m_repIndex[1]->m_lFilePos = std::ftell(m_pFile);
-    CRepInfo* current = m_repIndex[1].get();
-    double time = 0.0;
-    double value = 0.0;
-    for (;;) {
-        op_ReadPair(m_pFile, m_nIsDouble, &time, &value);
-        if (::feof_unlocked(m_pFile) || ::ferror_unlocked(m_pFile)) break;
-        if (time > -1.0) {
-            ++current->m_nObsCount;
-            continue;
-        }
-        if (value == MARK_SKIP) continue;
-        // Entry r follows the marker that closes replication r - 1; the last
-        // marker leaves a trailing entry with no observations.
-        m_repIndex.push_back(std::make_unique<CRepInfo>());
-        current = m_repIndex.back().get();
-        current->m_lFilePos = std::ftell(m_pFile);
-        if (value == MARK_END) break;
+const std::vector<std::unique_ptr<CRepInfo>>& CSingleDoc::Index() const {
+    if (m_bIndexed || !m_reader.IsOpen()) return m_repIndex;
+    // An error id from the count is a positive number and passes as a count.
+    m_nReps = m_reader.CountReps();
+    // Entry r follows the marker that closes replication r - 1; the last
+    // marker leaves a trailing entry with no observations.
+    m_repIndex.resize(1);
+    for (const RepSpan& span : m_reader.Index()) {
+        auto info = std::make_unique<CRepInfo>();
+        info->m_lFilePos = static_cast<long>(span.pos);
+        info->m_nObsCount = span.obsCount;
+        m_repIndex.push_back(std::move(info));
     }
-    std::clearerr(m_pFile);
-    std::fseek(m_pFile, m_repIndex[1]->m_lFilePos, SEEK_SET);
+    m_bIndexed = true;
+    return m_repIndex;
 }
 
 void CSingleDoc::OnCloseDocument() {
@@ -80,9 +67,9 @@ void CSingleDoc::OnCloseDocument() {
 int CSingleDoc::OpenAllReps(CSingleDoc* first) {
     first->m_siblings.assign(1, first);
     first->m_nTreatment = 1;
-    if (first->m_nReps < 2) return 0;
+    if (first->RepCount() < 2) return 0;
     const std::string path = first->GetPathName();
-    for (int i = 1; i < first->m_nReps; ++i) {
+    for (int i = 1; i < first->RepCount(); ++i) {
         std::unique_ptr<CSingleDoc> sibling(first->CreateSibling());
         sibling->m_nTreatment = i + 1;
         sibling->SetPathName(path, false);
@@ -108,15 +95,15 @@ int CSingleDoc::ReleaseSiblings() {
 void CSingleDoc::GetRepRange(int* firstRep, int* obsCount) const {
     if (m_nTreatment >= 1) {
         *firstRep = m_nTreatment;
-        *obsCount = RepInfo(m_nTreatment).m_nObsCount;
+        // One replication's count needs the index only that far.
+        *obsCount = m_bIndexed || !m_reader.IsOpen() ? RepInfo(m_nTreatment).m_nObsCount
+                                                     : m_reader.EntryObsCount(m_nTreatment);
         return;
     }
     *firstRep = 1;
     *obsCount = 0;
-    for (std::size_t r = 1; r < m_repIndex.size(); ++r) *obsCount += m_repIndex[r]->m_nObsCount;
+    const auto& index = Index();
+    for (std::size_t r = 1; r < index.size(); ++r) *obsCount += index[r]->m_nObsCount;
 }
 
-void CSingleDoc::CloseStream() {
-    if (m_pFile) std::fclose(m_pFile);
-    m_pFile = nullptr;
-}
+void CSingleDoc::CloseStream() { m_reader.Close(); }

@@ -3,11 +3,11 @@
 // replications so that any replication can be reached by a seek.
 #pragma once
 
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "datafile/RecordReader.h"
 #include "framework/Document.h"
 
 // One replication of a data file.
@@ -33,8 +33,10 @@ public:
     ~CSingleDoc() override;
 
     bool OnNewDocument() override;
-    // Counts replications, reads the header and indexes the replications. The
-    // stream stays open, positioned at the first record.
+    // Opens the file and reads its header; the file stays open, positioned at
+    // the first record. The replications are counted and indexed as the
+    // records are read: the analysis's own pass finds them on its way, and
+    // asking for the count or the index before reads on to complete them.
     bool OnOpenDocument(const char* path) override;
     void OnCloseDocument() override;
 
@@ -48,11 +50,16 @@ public:
 
     void GetRepRange(int* firstRep, int* obsCount) const;
     // Index entry r (1 = first replication); throws std::out_of_range past the index.
-    const CRepInfo& RepInfo(int r) const { return *m_repIndex.at(static_cast<std::size_t>(r)); }
-    int RepIndexSize() const { return static_cast<int>(m_repIndex.size()); }
+    const CRepInfo& RepInfo(int r) const { return *Index().at(static_cast<std::size_t>(r)); }
+    int RepIndexSize() const { return static_cast<int>(Index().size()); }
+    // The replication count of op_CountReps: an error id (a large number)
+    // when the file does not end properly.
+    int RepCount() const {
+        Index();
+        return m_nReps;
+    }
     const std::vector<CSingleDoc*>& Siblings() const { return m_siblings; }
 
-    int m_nReps = 0;
     int m_nKind = 0;
     int m_nReinit = 0;
     int m_nTreatment = 1;
@@ -62,12 +69,21 @@ public:
     std::vector<std::unique_ptr<CObject>> m_objList;  // for the derived analyses
     double m_dValue[4] = {0.0, 0.0, 0.0, 0.0};        // for the derived analyses
     int m_nIsDouble = 1;
-    FILE* m_pFile = nullptr;
+
+    // The open data file; analyses read through it.
+    CRecordReader& Reader() const { return m_reader; }
+    bool IsOpen() const { return m_reader.IsOpen(); }
 
 private:
     void CloseStream();
-    void BuildIndex();
+    // The index, completed from the reader first if need be.
+    const std::vector<std::unique_ptr<CRepInfo>>& Index() const;
 
-    std::vector<std::unique_ptr<CRepInfo>> m_repIndex;
+    // Completing the index reads on and comes back: the position, and so the
+    // document's state as the analyses see it, does not change.
+    mutable CRecordReader m_reader;
+    mutable int m_nReps = 0;
+    mutable bool m_bIndexed = false;
+    mutable std::vector<std::unique_ptr<CRepInfo>> m_repIndex;
     std::vector<CSingleDoc*> m_siblings;  // [0] is the document itself; owns the rest
 };

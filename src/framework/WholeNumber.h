@@ -6,14 +6,16 @@
 #pragma once
 
 #include <climits>
+#include <limits>
 
 inline int WholeInt(double x) {
     if (!(x > -2147483649.0 && x < 2147483648.0)) return INT_MIN;
     return static_cast<int>(x);
 }
 
+// Reports print these with %ld: 64 bits on Linux and macOS, 32 on Windows.
 inline long WholeLong(double x) {
-    static_assert(sizeof(long) == 8, "printed whole numbers are 64-bit longs");
-    if (!(x >= -9223372036854775808.0 && x < 9223372036854775808.0)) return LONG_MIN;
+    constexpr double kLimit = static_cast<double>(1ULL << std::numeric_limits<long>::digits);
+    if (!(x >= -kLimit && x < kLimit)) return LONG_MIN;
     return static_cast<long>(x);
 }

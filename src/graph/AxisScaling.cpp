@@ -8,13 +8,6 @@
 
 GraphLayout g_Layout;
 
-std::int16_t axis_To16(double v) {
-    if (!(v == v)) return 0;
-    if (v > 32767.0) return 32767;
-    if (v < -32768.0) return -32768;
-    return static_cast<std::int16_t>(std::trunc(v));
-}
-
 namespace {
 
 int TruncLog10(double magnitude) {

@@ -9,20 +9,18 @@
 bool CGraphDoc::IsInWindow(double t, double) const { return XMin() <= t && t <= XMax(); }
 
 int CGraphDoc::CheckTreatment() const {
-    if (!m_pFile) return IDS_OPEN_ERROR;
+    if (!IsOpen()) return IDS_OPEN_ERROR;
     if (m_nTreatment == REP_LUMPED || m_nTreatment == REP_ALL) return 0;
-    if (m_nTreatment < 1 || m_nTreatment >= RepIndexSize()) return IDS_INVALID_REP_TREATMENT;
+    if (m_nTreatment < 1 || !Reader().HasEntry(m_nTreatment)) return IDS_INVALID_REP_TREATMENT;
     return 0;
 }
 
 int CGraphDoc::ScanRange(double* bounds, const int* flags) {
-    int first = 0, count = 0;
-    GetRepRange(&first, &count);
-    std::fseek(m_pFile, RepInfo(first).m_lFilePos, SEEK_SET);
+    CRecordReader& in = Reader();
+    in.SeekEntry(m_nTreatment >= 1 ? m_nTreatment : 1);
     RangeScan scan;
     op_RangeScanBegin(&scan, bounds, flags);
-    int rc = op_RangeScanStream(&scan, m_pFile, m_nIsDouble, m_nTreatment);
-    std::clearerr(m_pFile);
+    int rc = op_RangeScanRecords(&scan, in, m_nTreatment);
     if (rc) return rc;
     op_RangeScanEnd(&scan, bounds);
     return 0;
@@ -30,8 +28,6 @@ int CGraphDoc::ScanRange(double* bounds, const int* flags) {
 
 int CGraphDoc::LoadGraphData() {
     if (int rc = CheckTreatment()) return rc;
-    int first = 0, count = 0;
-    GetRepRange(&first, &count);
 
     // Times count as given when positive, values when non-zero: 0 and the
     // dialog's -1 for an empty field both mean "from the data".
@@ -47,6 +43,9 @@ int CGraphDoc::LoadGraphData() {
     }
     for (int i = 0; i < 4; ++i) m_range[i] = bounds[i];
 
+    // After the range scan has read the replication, its count is known.
+    int first = 0, count = 0;
+    GetRepRange(&first, &count);
     m_xValues.assign(static_cast<std::size_t>(count) + 1, 0.0);
     m_yValues.assign(static_cast<std::size_t>(count) + 1, 0.0);
     return LoadGraphPoints();
@@ -54,9 +53,8 @@ int CGraphDoc::LoadGraphData() {
 
 int CGraphDoc::LoadGraphPoints() {
     if (int rc = CheckTreatment()) return rc;
-    int first = 0, count = 0;
-    GetRepRange(&first, &count);
-    std::fseek(m_pFile, RepInfo(first).m_lFilePos, SEEK_SET);
+    CRecordReader& in = Reader();
+    in.SeekEntry(m_nTreatment >= 1 ? m_nTreatment : 1);
     // Room for the end mark at least, whatever the caller allocated.
     if (m_xValues.empty() || m_yValues.size() != m_xValues.size()) {
         m_xValues.assign(std::max<std::size_t>(m_xValues.size(), 1), 0.0);
@@ -71,7 +69,7 @@ int CGraphDoc::LoadGraphPoints() {
     double* ys = m_yValues.data();
     for (;;) {
         double t = 0.0, v = 0.0;
-        op_ReadGraphRecord(m_pFile, m_nIsDouble, m_nTreatment, &rep, &t, &v);
+        op_ReadGraphRecord(in, m_nTreatment, &rep, &t, &v);
         if (t >= 0.0) {
             if (IsInWindow(t, v)) {
                 // The curve comes in from the last point before the window.
@@ -96,7 +94,6 @@ int CGraphDoc::LoadGraphPoints() {
         if (v == MARK_END) break;
         if (rep != m_nTreatment) break;
     }
-    std::clearerr(m_pFile);
     xs[n] = -1.0;
     ys[n] = -1.0;
     m_nPoints = static_cast<long>(n);

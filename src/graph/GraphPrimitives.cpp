@@ -22,7 +22,8 @@ int Scaled(double units) { return static_cast<int>(std::trunc(units * g_Layout.s
 
 }  // namespace
 
-long RoundHalfAway(double value) { return value >= 0.0 ? SafeLong(std::trunc(value + 0.5)) : SafeLong(std::trunc(value - 0.5)); }
+// SafeLong's conversion cuts toward zero, and its bounds are whole numbers.
+long RoundHalfAway(double value) { return value >= 0.0 ? SafeLong(value + 0.5) : SafeLong(value - 0.5); }
 
 double IntPower(double base, int exponent) {
     unsigned long n = exponent < 0 ? 0UL - static_cast<unsigned long>(exponent) : static_cast<unsigned long>(exponent);

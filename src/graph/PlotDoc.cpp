@@ -17,7 +17,8 @@ bool CPlotDoc::IsInWindow(double t, double value) const {
 int CPlotDoc::ScanRange(double* bounds, const int* flags) {
     std::vector<RangeSource> files;
     for (const CPlotEntry& e : m_entries) files.push_back({e.m_strPath, e.m_nTreatment});
-    return op_ScanRangeFiles(files, bounds, flags);
+    // The first file is this document's own: its scan also indexes it.
+    return op_ScanRangeFiles(files, bounds, flags, &Reader());
 }
 
 int CPlotDoc::InitFromDialog(CDialog& dialog) {

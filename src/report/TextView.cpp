@@ -1,6 +1,5 @@
 #include "report/TextView.h"
 
-#include <cstdlib>
 #include <vector>
 
 #include "framework/Config.h"
@@ -28,14 +27,19 @@ int CTextView::OnInitialUpdate() {
 }
 
 std::string txt_ReportText(CTextView& view) {
-    char* buffer = nullptr;
-    std::size_t size = 0;
-    FILE* stream = ::open_memstream(&buffer, &size);
+    // Views write through a stream; an anonymous temporary file is the portable one.
+    FILE* stream = std::tmpfile();
     if (!stream) return {};
     view.WriteReport(stream);
+    std::string text;
+    if (std::fflush(stream) == 0 && std::fseek(stream, 0, SEEK_END) == 0) {
+        const long size = std::ftell(stream);
+        if (size > 0 && std::fseek(stream, 0, SEEK_SET) == 0) {
+            text.resize(static_cast<std::size_t>(size));
+            text.resize(std::fread(text.data(), 1, text.size(), stream));
+        }
+    }
     std::fclose(stream);
-    std::string text(buffer, size);
-    std::free(buffer);
     return text;
 }
 

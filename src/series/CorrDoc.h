@@ -11,6 +11,8 @@
 #include "datafile/SingleDoc.h"
 #include "series/LagProducts.h"
 
+class COutputDataFile;
+
 // One lag of the correlogram.
 struct CCovarData {
     int lag = 0;
@@ -61,5 +63,5 @@ protected:
 
 private:
     int Position(int rep);
-    int Pass(int rep, bool copyEndMarker, FILE* out);
+    int Pass(int rep, bool copyEndMarker, COutputDataFile& out);
 };

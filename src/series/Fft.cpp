@@ -4,6 +4,8 @@
 #include <numbers>
 #include <utility>
 
+#include "series/Lanes.h"
+
 CFft::CFft(std::size_t size) : m_size(size), m_reverse(size), m_wr(size), m_wi(size) {
     int bits = 0;
     while ((std::size_t{1} << bits) < size) ++bits;
@@ -31,6 +33,11 @@ void CFft::Forward(double* re, double* im) const {
             std::swap(im[i], im[r]);
         }
     }
+    ForwardReversed(re, im);
+}
+
+void CFft::ForwardReversed(double* re, double* im) const {
+    const std::size_t n = m_size;
     // Lengths 2 and 4 have trivial twiddles; doing them apart keeps the inner
     // loop of the general stages long.
     for (std::size_t i = 0; i < n; i += 2) {
@@ -55,22 +62,58 @@ void CFft::Forward(double* re, double* im) const {
             im[i + 3] = ci - di;
         }
     }
-    for (std::size_t h = 4; h < n; h <<= 1) {
-        const double* wr = m_wr.data() + h;
-        const double* wi = m_wi.data() + h;
-        for (std::size_t i = 0; i < n; i += 2 * h) {
-            double* __restrict ar = re + i;
-            double* __restrict ai = im + i;
-            double* __restrict br = re + i + h;
-            double* __restrict bi = im + i + h;
-            for (std::size_t j = 0; j < h; ++j) {
-                double xr = br[j] * wr[j] - bi[j] * wi[j];
-                double xi = br[j] * wi[j] + bi[j] * wr[j];
-                br[j] = ar[j] - xr;
-                bi[j] = ai[j] - xi;
-                ar[j] += xr;
-                ai[j] += xi;
-            }
+    for (std::size_t h = 4; h < n; h <<= 1) Stage(re, im, h);
+}
+
+namespace {
+
+// The butterflies of one stage: a twiddled b is subtracted from and added to a.
+template <typename L>
+void Butterflies(double* re, double* im, const double* wr, const double* wi, std::size_t n, std::size_t h) {
+    for (std::size_t i = 0; i < n; i += 2 * h) {
+        double* ar = re + i;
+        double* ai = im + i;
+        double* br = re + i + h;
+        double* bi = im + i + h;
+        for (std::size_t j = 0; j < h; j += kLaneCount<L>) {
+            L xbr, xbi, xar, xai, xwr, xwi;
+            lanes_Load(xbr, br + j);
+            lanes_Load(xbi, bi + j);
+            lanes_Load(xar, ar + j);
+            lanes_Load(xai, ai + j);
+            lanes_Load(xwr, wr + j);
+            lanes_Load(xwi, wi + j);
+            const L xr = xbr * xwr - xbi * xwi;
+            const L xi = xbr * xwi + xbi * xwr;
+            lanes_Store(br + j, L(xar - xr));
+            lanes_Store(bi + j, L(xai - xi));
+            lanes_Store(ar + j, L(xar + xr));
+            lanes_Store(ai + j, L(xai + xi));
         }
     }
+}
+
+#ifdef OPROC_LANES_X86
+OPROC_AVX void ButterfliesAvx(double* re, double* im, const double* wr, const double* wi, std::size_t n,
+                              std::size_t h) {
+    Butterflies<Lanes4>(re, im, wr, wi, n, h);
+}
+#endif
+
+// Stages from h = 4 on hold whole vectors of any width used here.
+void StageFor(double* re, double* im, const double* wr, const double* wi, std::size_t n, std::size_t h) {
+#ifdef OPROC_LANES_X86
+    if (lanes_HaveAvx())
+        ButterfliesAvx(re, im, wr, wi, n, h);
+    else
+        Butterflies<Lanes2>(re, im, wr, wi, n, h);
+#else
+    Butterflies<Lanes1>(re, im, wr, wi, n, h);
+#endif
+}
+
+}  // namespace
+
+void CFft::Stage(double* re, double* im, std::size_t h) const {
+    StageFor(re, im, m_wr.data() + h, m_wi.data() + h, m_size, h);
 }

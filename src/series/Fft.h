@@ -22,8 +22,15 @@ public:
     void Forward(double* re, double* im) const;
     // x[t] = sum over f of X[f] exp(+2 pi i f t / n), without the 1/n.
     void Inverse(double* re, double* im) const { Forward(im, re); }
+    // Forward for input already placed in bit-reversed order: x[t] at
+    // position Reversed(t). Filling so spares the permutation's scattered swaps.
+    void ForwardReversed(double* re, double* im) const;
+    std::size_t Reversed(std::size_t t) const { return m_reverse[t]; }
 
 private:
+    // The butterflies of the stage with half-length h >= 4.
+    void Stage(double* re, double* im, std::size_t h) const;
+
     std::size_t m_size;
     std::vector<std::uint32_t> m_reverse;
     // Stage with half-length h uses entries h .. 2h - 1: exp(-pi i j / h).

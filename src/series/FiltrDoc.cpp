@@ -1,8 +1,8 @@
 #include "series/FiltrDoc.h"
 
 #include "datafile/DataFile.h"
+#include "datafile/OutputDataFile.h"
 #include "framework/Messages.h"
-#include "framework/SafeOutput.h"
 #include "series/FiltrDlg.h"
 #include "series/FiltrPass.h"
 
@@ -35,68 +35,53 @@ int CFiltrDoc::PassCount() const {
     // Entries 1..size-1 of the index start replications; a file without its end
     // marker reports a message id instead of a count, and then every entry is one.
     const int entries = RepIndexSize() - 1;
-    if (m_nReps >= 1 && m_nReps < kFirstMessageId && m_nReps <= entries) return m_nReps;
+    const int reps = RepCount();
+    if (reps >= 1 && reps < kFirstMessageId && reps <= entries) return reps;
     return entries;
 }
 
 int CFiltrDoc::Compute() {
     m_results = BatchResults{};
-    if (!m_pFile) return IDS_READ_ERROR;
+    if (!IsOpen()) return IDS_READ_ERROR;
 
-    CSafeOutput safe(batchFileName);
-    FILE* out = nullptr;
-    if (!batchFileName.empty()) {
-        int err = 0;
-        out = op_OpenDataFile(&err, safe.TempPath().c_str(), 4, false);
-        if (!out) return err ? err : IDS_OPEN_ERROR;
-    }
+    COutputDataFile out(batchFileName);
+    if (int rc = out.Open()) return rc;
 
+    CRecordReader& in = Reader();
     FiltrParams prm{truncUnit, truncAmount, batchUnit, batchSize, m_nKind, m_nTreatment};
     int firstRep = m_nTreatment >= 1 ? m_nTreatment : 1;
     int lastRep = m_nTreatment == REP_ALL ? PassCount() : firstRep;
     int rc = 0;
     for (int rep = firstRep; rep <= lastRep && rc == 0; ++rep) {
-        if (rep >= RepIndexSize()) {
+        // The index grows as the passes read; it is read ahead only to find
+        // a replication the passes have not reached.
+        if (!in.SeekEntry(rep)) {
             rc = IDS_INVALID_REP_TREATMENT;
             break;
         }
-        std::clearerr(m_pFile);
-        std::fseek(m_pFile, RepInfo(rep).m_lFilePos, SEEK_SET);
         if (rep == firstRep) {
-            filtr_SettleDefaults(m_pFile, m_nIsDouble, &prm);
+            const std::int64_t start = in.Tell();
+            filtr_SettleDefaults(in, &prm);
             truncUnit = prm.truncUnit;
             batchSize = prm.batchSize;
-            std::fseek(m_pFile, RepInfo(rep).m_lFilePos, SEEK_SET);
-            if (out) {
-                rc = op_WriteFileHdr(out, false, KIND_FILTERED, op_KindText(KIND_FILTERED), m_nReinit, 1,
-                                     static_cast<long>(m_strIdent.size()), static_cast<long>(title.size()),
-                                     m_strIdent.c_str(), title);
-                if (rc) break;
-            }
+            in.Seek(start);
+            rc = out.WriteHeader(KIND_FILTERED, m_nReinit, m_strIdent, title);
+            if (rc) break;
         }
         FiltrResults res;
-        rc = filtr_RunPass(m_pFile, m_nIsDouble, prm, rep, out, &res);
-        BatchResults& out = m_results;
-        if (res.truncUsed) out.truncUsed = *res.truncUsed;
-        if (res.batchUsed) out.batchUsed = *res.batchUsed;
-        if (res.numBatches) out.numBatches = *res.numBatches;
-        if (res.trailingObs) out.trailingObs = *res.trailingObs;
-        if (res.trailingTime) out.trailingTime = *res.trailingTime;
-        if (res.covEstimate) out.covEstimate = *res.covEstimate;
-        if (res.rejectPositive) out.rejectPositive = *res.rejectPositive;
-        if (res.rejectNonZero) out.rejectNonZero = *res.rejectNonZero;
+        rc = filtr_RunPass(in, prm, rep, out, &res);
+        BatchResults& r = m_results;
+        if (res.truncUsed) r.truncUsed = *res.truncUsed;
+        if (res.batchUsed) r.batchUsed = *res.batchUsed;
+        if (res.numBatches) r.numBatches = *res.numBatches;
+        if (res.trailingObs) r.trailingObs = *res.trailingObs;
+        if (res.trailingTime) r.trailingTime = *res.trailingTime;
+        if (res.covEstimate) r.covEstimate = *res.covEstimate;
+        if (res.rejectPositive) r.rejectPositive = *res.rejectPositive;
+        if (res.rejectNonZero) r.rejectNonZero = *res.rejectNonZero;
     }
-    std::clearerr(m_pFile);
 
-    if (out) {
-        if (rc == 0 && m_nTreatment != REP_ALL) {
-            const double end = MARK_END;
-            op_WritePair(out, &end, &end);
-        }
-        bool failed = std::ferror(out) != 0;
-        failed = (std::fclose(out) != 0) || failed;
-        if (rc == 0 && failed) rc = IDS_WRITE_ERROR;
-        if (rc == 0 && !safe.Commit()) rc = IDS_WRITE_ERROR;
-    }
+    if (rc == 0 && m_nTreatment != REP_ALL) out.Put(MARK_END, MARK_END);
+    if (rc == 0) rc = out.Commit();
     return rc;
 }

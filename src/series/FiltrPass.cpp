@@ -4,64 +4,12 @@
 #include <cmath>
 
 #include "datafile/DataFile.h"
+#include "datafile/OutputDataFile.h"
+#include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 
 namespace {
-
-enum class Rec { Obs, Boundary, End, Eof, Error };
-
-// Records as this analysis sees them: skip markers vanish, every other marker
-// is a replication boundary or the end of the data.
-class Reader {
-public:
-    Reader(FILE* f, int isDouble) : m_f(f), m_isDouble(isDouble) {}
-
-    // Records already in the stream's buffer are taken inline; refills, markers
-    // and the end of the file go out of line. The caller's variables are written
-    // only here, so their addresses never leave the caller's loop.
-    Rec Next(double* t, double* v) {
-        double time = 0.0;
-        double value = 0.0;
-        const bool buffered = Take(&time, &value);
-        if (buffered && !(time < 0.0)) [[likely]] {
-            *t = time;
-            *v = value;
-            return Rec::Obs;
-        }
-        const Record r = Slow(buffered, time, value);
-        *t = r.t;
-        *v = r.v;
-        return r.rec;
-    }
-
-private:
-    struct Record {
-        double t;
-        double v;
-        Rec rec;
-    };
-
-    bool Take(double* t, double* v) {
-        return m_isDouble ? op_detail::TakeRecord<double>(m_f, t, v) : op_detail::TakeRecord<float>(m_f, t, v);
-    }
-
-    [[gnu::noinline]] Record Slow(bool buffered, double t, double v) {
-        for (;;) {
-            if (!buffered) {
-                op_ReadPair(m_f, m_isDouble, &t, &v);
-                if (::feof_unlocked(m_f)) return {t, v, Rec::Eof};
-                if (::ferror_unlocked(m_f)) return {t, v, Rec::Error};
-            }
-            if (!(t < 0.0)) return {t, v, Rec::Obs};
-            if (v != MARK_SKIP) return {t, v, v == MARK_END ? Rec::End : Rec::Boundary};
-            buffered = Take(&t, &v);
-        }
-    }
-
-    FILE* m_f;
-    int m_isDouble;
-};
 
 // Running sums of the batch means. S is kept as the sum of squared deviations
 // from the running mean (Welford), which equals sum x^2 - (sum x)^2 / n in exact
@@ -108,14 +56,14 @@ bool StepWeighted(int kind) { return kind == KIND_DSTAT || kind == KIND_COUNTER 
 
 // Replication ends met by a pass under "all" are copied so the output keeps
 // the source's replications apart.
-void CopyEnd(const FiltrParams& p, Rec rec, FILE* out, double t, double v) {
-    if (p.treatment == REP_ALL && (rec == Rec::End || rec == Rec::Boundary)) op_WritePair(out, &t, &v);
+void CopyEnd(const FiltrParams& p, RecordKind rec, COutputDataFile& out, double t, double v) {
+    if (p.treatment == REP_ALL && (rec == RecordKind::End || rec == RecordKind::Boundary)) out.Put(t, v);
 }
 
 // Step is a template argument so that the per-record loop carries no test of
 // the weighting rule.
 template <bool step>
-int PassByTime(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults* res) {
+int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile& out, FiltrResults* res) {
     const double W = p.batchSize;
     const double T = p.truncAmount;
     // A zero span (all records at one time) would never close a batch.
@@ -124,26 +72,26 @@ int PassByTime(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResult
 
     double t = 0.0;
     double v = 0.0;
-    Rec rec = Rec::Obs;
+    RecordKind rec = RecordKind::Obs;
     bool have = false;
     double r = T;
     if (rep > 1) {
         // Later replications are truncated from their own start.
         rec = in.Next(&t, &v);
         have = true;
-        if (rec == Rec::Obs) r = t + T;
+        if (rec == RecordKind::Obs) r = t + T;
     }
     double vp = 0.0;
     for (;;) {
         if (!have) rec = in.Next(&t, &v);
         have = false;
-        if (rec == Rec::Obs) {
+        if (rec == RecordKind::Obs) {
             if (t > r) break;
             vp = v;  // the value in force at the truncation point
             continue;
         }
-        if (rec == Rec::Error) return IDS_READ_ERROR;
-        if (rec == Rec::Boundary && lumped) continue;
+        if (rec == RecordKind::Error) return IDS_READ_ERROR;
+        if (rec == RecordKind::Boundary && lumped) continue;
         // The data ended before the truncation point: nothing is stored.
         CopyEnd(p, rec, out, t, v);
         return 0;
@@ -169,7 +117,7 @@ int PassByTime(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResult
             }
             double mid = b - W * 0.5;
             double mean = (area + piece) / W;
-            op_WritePair(out, &mid, &mean);
+            out.Put(mid, mean);
             st.Add(mean);
             tp = b;
             area = 0.0;
@@ -183,17 +131,17 @@ int PassByTime(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResult
         vp = v;
 
         rec = in.Next(&t, &v);
-        if (rec == Rec::Obs) continue;
-        if (rec == Rec::Boundary && lumped) {
+        if (rec == RecordKind::Obs) continue;
+        if (rec == RecordKind::Boundary && lumped) {
             do rec = in.Next(&t, &v);
-            while (rec == Rec::Boundary);
-            if (rec == Rec::Obs) {
+            while (rec == RecordKind::Boundary);
+            if (rec == RecordKind::Obs) {
                 // A replication that starts before the open batch cannot join it.
                 if (t < b) return 0;
                 continue;
             }
         }
-        if (rec == Rec::Error) return IDS_READ_ERROR;
+        if (rec == RecordKind::Error) return IDS_READ_ERROR;
         CopyEnd(p, rec, out, t, v);
         break;
     }
@@ -209,21 +157,21 @@ int PassByTime(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResult
 
 // Skips the initial stretch of a pass by observations. On return with have set,
 // (t, v) is the first record after the truncation.
-int TruncateForObs(Reader& in, const FiltrParams& p, int rep, double* t, double* v, bool* have,
+int TruncateForObs(CRecordReader& in, const FiltrParams& p, int rep, double* t, double* v, bool* have,
                    double* lastTime) {
     const bool lumped = p.treatment == REP_LUMPED;
-    Rec rec = Rec::Obs;
+    RecordKind rec = RecordKind::Obs;
     if (p.truncUnit == 1) {
         const int K = WholeInt(p.truncAmount);
         for (int k = 0; k < K;) {
             rec = in.Next(t, v);
-            if (rec == Rec::Obs) {
+            if (rec == RecordKind::Obs) {
                 ++k;
                 *lastTime = *t;
                 continue;
             }
-            if (rec == Rec::Boundary && lumped) continue;
-            return rec == Rec::Error ? IDS_READ_ERROR : IDS_NO_OBSERVATIONS_FOUND;
+            if (rec == RecordKind::Boundary && lumped) continue;
+            return rec == RecordKind::Error ? IDS_READ_ERROR : IDS_NO_OBSERVATIONS_FOUND;
         }
         return 0;
     }
@@ -231,12 +179,12 @@ int TruncateForObs(Reader& in, const FiltrParams& p, int rep, double* t, double*
     if (rep > 1) {
         rec = in.Next(t, v);
         *have = true;
-        if (rec == Rec::Obs) r = *t + p.truncAmount;
+        if (rec == RecordKind::Obs) r = *t + p.truncAmount;
     }
     for (;;) {
         if (!*have) rec = in.Next(t, v);
         *have = false;
-        if (rec == Rec::Obs) {
+        if (rec == RecordKind::Obs) {
             if (*t > r) {
                 *have = true;
                 return 0;
@@ -244,12 +192,12 @@ int TruncateForObs(Reader& in, const FiltrParams& p, int rep, double* t, double*
             *lastTime = *t;
             continue;
         }
-        if (rec == Rec::Boundary && lumped) continue;
-        return rec == Rec::Error ? IDS_READ_ERROR : IDS_NO_OBSERVATIONS_FOUND;
+        if (rec == RecordKind::Boundary && lumped) continue;
+        return rec == RecordKind::Error ? IDS_READ_ERROR : IDS_NO_OBSERVATIONS_FOUND;
     }
 }
 
-int PassByObs(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults* res) {
+int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile& out, FiltrResults* res) {
     const bool batching = p.batchUnit == 1;
     const int B = batching ? WholeInt(p.batchSize) : 0;
     if (batching && B < 1) return IDS_ZERO_DENOMINATOR;
@@ -274,15 +222,15 @@ int PassByObs(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults
     double start = 0.0;
     for (;; have = false) {
         if (!have) {
-            Rec rec = in.Next(&t, &v);
-            if (rec != Rec::Obs) [[unlikely]] {
-                if (rec == Rec::Boundary && lumped) {
+            RecordKind rec = in.Next(&t, &v);
+            if (rec != RecordKind::Obs) [[unlikely]] {
+                if (rec == RecordKind::Boundary && lumped) {
                     do rec = in.Next(&t, &v);
-                    while (rec == Rec::Boundary);
-                    if (rec == Rec::Obs && t < lastTime) return IDS_LUMPED_NOT_ALLOWED;
+                    while (rec == RecordKind::Boundary);
+                    if (rec == RecordKind::Obs && t < lastTime) return IDS_LUMPED_NOT_ALLOWED;
                 }
-                if (rec == Rec::Error) return IDS_READ_ERROR;
-                if (rec != Rec::Obs) {
+                if (rec == RecordKind::Error) return IDS_READ_ERROR;
+                if (rec != RecordKind::Obs) {
                     CopyEnd(p, rec, out, t, v);
                     break;
                 }
@@ -290,9 +238,7 @@ int PassByObs(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults
         }
         lastTime = t;
         if (!batching) {
-            double ct = t;
-            double cv = v;
-            op_WritePair(out, &ct, &cv);
+            out.Put(t, v);
             continue;
         }
         if (count == 0) start = t;
@@ -302,7 +248,7 @@ int PassByObs(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults
         if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
         double meanT = sumT / B;
         double meanV = sumV / B;
-        op_WritePair(out, &meanT, &meanV);
+        out.Put(meanT, meanV);
         st.Add(meanV);
         count = 0;
         sumT = sumV = 0.0;
@@ -324,26 +270,23 @@ int PassByObs(Reader& in, const FiltrParams& p, int rep, FILE* out, FiltrResults
 
 }  // namespace
 
-void filtr_SettleDefaults(FILE* in, int isDouble, FiltrParams* p) {
+void filtr_SettleDefaults(CRecordReader& in, FiltrParams* p) {
     if (p->truncUnit == -1) p->truncUnit = op_IsTimePersistent(p->kind) ? 0 : 1;
     if (p->batchUnit == -1 || p->batchSize > 0.0) return;
-    Reader reader(in, isDouble);
     long count = 0;
     double first = 0.0;
     double last = 0.0;
     double t = 0.0;
     double v = 0.0;
-    while (reader.Next(&t, &v) == Rec::Obs) {
+    while (in.Next(&t, &v) == RecordKind::Obs) {
         if (count++ == 0) first = t;
         last = t;
     }
     p->batchSize = p->batchUnit == 0 ? (last - first) / 10.0 : static_cast<double>(count) / 10.0;
 }
 
-int filtr_RunPass(FILE* in, int isDouble, const FiltrParams& p, int rep, FILE* out, FiltrResults* res) {
-    Reader reader(in, isDouble);
+int filtr_RunPass(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile& out, FiltrResults* res) {
     if (p.batchUnit == 0)
-        return StepWeighted(p.kind) ? PassByTime<true>(reader, p, rep, out, res)
-                                    : PassByTime<false>(reader, p, rep, out, res);
-    return PassByObs(reader, p, rep, out, res);
+        return StepWeighted(p.kind) ? PassByTime<true>(in, p, rep, out, res) : PassByTime<false>(in, p, rep, out, res);
+    return PassByObs(in, p, rep, out, res);
 }

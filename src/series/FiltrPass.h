@@ -3,8 +3,10 @@
 // written out, and the lag-1 correlation estimate of the means with its test.
 #pragma once
 
-#include <cstdio>
 #include <optional>
+
+class COutputDataFile;
+class CRecordReader;
 
 struct FiltrParams {
     int truncUnit;       // 0 time, 1 observations, -1 not given
@@ -27,12 +29,12 @@ struct FiltrResults {
     std::optional<int> rejectNonZero;
 };
 
-// Fills what the user left open, from the replication at the stream's position:
-// the truncation unit from the data kind, and a batch size that forms ten
-// batches of its time span or observation count. Moves the stream.
-void filtr_SettleDefaults(FILE* in, int isDouble, FiltrParams* p);
+// Fills what the user left open, from the replication at the reader's
+// position: the truncation unit from the data kind, and a batch size that
+// forms ten batches of its time span or observation count. Moves the reader.
+void filtr_SettleDefaults(CRecordReader& in, FiltrParams* p);
 
-// Runs the pass of replication rep from the stream's position (its first
+// Runs the pass of replication rep from the reader's position (its first
 // record), writing batch means (and, under all, the end marker met) to out,
-// which may be null. Returns 0 or a message id.
-int filtr_RunPass(FILE* in, int isDouble, const FiltrParams& p, int rep, FILE* out, FiltrResults* res);
+// which may write nothing. Returns 0 or a message id.
+int filtr_RunPass(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile& out, FiltrResults* res);

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "series/Fft.h"
+#include "series/Lanes.h"
 
 class CLagProducts::Engine {
 public:
@@ -67,6 +68,54 @@ private:
     std::vector<double> m_acc;  // lag k at k - 1
     long m_seen = 0;
 };
+
+// The per-frequency sums of the transform below, over one transform of two blocks.
+struct Sums {
+    const double* re;
+    const double* im;
+    double* power;
+    double* crossRe;
+    double* crossIm;
+    double* prevRe;
+    double* prevIm;
+};
+
+// Frequencies f in [from, to), each with its mirror g = (m - f) mod m, read as
+// a reversed vector ending at m - f.
+template <typename L>
+void Accumulate(const Sums& s, std::size_t from, std::size_t to, std::size_t m) {
+    constexpr std::size_t w = kLaneCount<L>;
+    for (std::size_t f = from; f < to; f += w) {
+        const std::size_t g = (m - f - (w - 1)) & (m - 1);
+        L zr, zi, cr, ci, power, crossRe, crossIm, pr, pi;
+        lanes_Load(zr, s.re + f);
+        lanes_Load(zi, s.im + f);
+        lanes_Load(cr, s.re + g);
+        lanes_Load(ci, s.im + g);
+        lanes_Reverse(cr);
+        lanes_Reverse(ci);
+        // Unpack z = a + i b: A = (Z[f] + conj Z[-f]) / 2, B = (Z[f] - conj Z[-f]) / 2i.
+        const L ar = 0.5 * (zr + cr), ai = 0.5 * (zi - ci);
+        const L br = 0.5 * (zi + ci), bi = 0.5 * (cr - zr);
+        lanes_Load(power, s.power + f);
+        lanes_Store(s.power + f, L(power + ((ar * ar + ai * ai) + (br * br + bi * bi))));
+        // conj(prev) A + conj(A) B
+        lanes_Load(pr, s.prevRe + f);
+        lanes_Load(pi, s.prevIm + f);
+        lanes_Load(crossRe, s.crossRe + f);
+        lanes_Load(crossIm, s.crossIm + f);
+        lanes_Store(s.crossRe + f, L(crossRe + ((pr * ar + pi * ai) + (ar * br + ai * bi))));
+        lanes_Store(s.crossIm + f, L(crossIm + ((pr * ai - pi * ar) + (ar * bi - ai * br))));
+        lanes_Store(s.prevRe + f, br);
+        lanes_Store(s.prevIm + f, bi);
+    }
+}
+
+#ifdef OPROC_LANES_X86
+OPROC_AVX void AccumulateAvx(const Sums& s, std::size_t from, std::size_t to, std::size_t m) {
+    Accumulate<Lanes4>(s, from, to, m);
+}
+#endif
 
 // Blocks j of B values, X_j their transforms of length M = 2B (zero padded).
 // Pairs (t, t + k) with t in block j and k <= L <= B fall in blocks j and j + 1,
@@ -132,26 +181,28 @@ private:
     void TransformPair() {
         const std::size_t m = 2 * m_block;
         const std::size_t n = m_input.size();
+        // Placed straight into bit-reversed order; the zero padding (t >= B)
+        // lands on the odd positions.
         for (std::size_t t = 0; t < m_block; ++t) {
-            m_re[t] = t < n ? m_input[t] : 0.0;
-            m_im[t] = m_block + t < n ? m_input[m_block + t] : 0.0;
+            const std::size_t r = m_fft.Reversed(t);
+            m_re[r] = t < n ? m_input[t] : 0.0;
+            m_im[r] = m_block + t < n ? m_input[m_block + t] : 0.0;
+            m_re[r + 1] = 0.0;
+            m_im[r + 1] = 0.0;
         }
-        std::fill(m_re.begin() + static_cast<std::ptrdiff_t>(m_block), m_re.end(), 0.0);
-        std::fill(m_im.begin() + static_cast<std::ptrdiff_t>(m_block), m_im.end(), 0.0);
-        m_fft.Forward(m_re.data(), m_im.data());
-        for (std::size_t f = 0; f <= m_block; ++f) {
-            std::size_t g = (m - f) & (m - 1);
-            double zr = m_re[f], zi = m_im[f], cr = m_re[g], ci = m_im[g];
-            // Unpack z = a + i b: A = (Z[f] + conj Z[-f]) / 2, B = (Z[f] - conj Z[-f]) / 2i.
-            double ar = 0.5 * (zr + cr), ai = 0.5 * (zi - ci);
-            double br = 0.5 * (zi + ci), bi = 0.5 * (cr - zr);
-            m_power[f] += (ar * ar + ai * ai) + (br * br + bi * bi);
-            // conj(prev) A + conj(A) B
-            m_crossRe[f] += (m_prevRe[f] * ar + m_prevIm[f] * ai) + (ar * br + ai * bi);
-            m_crossIm[f] += (m_prevRe[f] * ai - m_prevIm[f] * ar) + (ar * bi - ai * br);
-            m_prevRe[f] = br;
-            m_prevIm[f] = bi;
-        }
+        m_fft.ForwardReversed(m_re.data(), m_im.data());
+        Sums sums{m_re.data(), m_im.data(), m_power.data(), m_crossRe.data(), m_crossIm.data(),
+                  m_prevRe.data(), m_prevIm.data()};
+        // Frequency 0 pairs with itself; 1 .. B pair with m - 1 .. B, whole vectors.
+        Accumulate<Lanes1>(sums, 0, 1, m);
+#ifdef OPROC_LANES_X86
+        if (lanes_HaveAvx())
+            AccumulateAvx(sums, 1, m_block + 1, m);
+        else
+            Accumulate<Lanes2>(sums, 1, m_block + 1, m);
+#else
+        Accumulate<Lanes1>(sums, 1, m_block + 1, m);
+#endif
         m_input.clear();
     }
 

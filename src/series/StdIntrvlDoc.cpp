@@ -2,12 +2,11 @@
 
 #include <cmath>
 
-#include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 #include "stats/Distributions.h"
 #include "stats/IntervalCheck.h"
-#include "stats/ObsStream.h"
 
 namespace {
 
@@ -17,21 +16,21 @@ constexpr int kTooManyBatches = 15906;  // "Error calculating standard deviation
 // Module-wide like the work table; the computation is not re-entered.
 double s_batchMeans[MAX_POINTS];
 
-long CountRow(CObsStream& in) {
+long CountRow(CRecordReader& in) {
     long n = 0;
     double t = 0.0, v = 0.0;
-    while (in.Next(&t, &v)) ++n;
+    while (in.NextObs(&t, &v)) ++n;
     return n;
 }
 
 }  // namespace
 
-int CStdIntrvlDoc::ComputeRow(CObsStream& in, IntervalRow& row, double alpha) {
+int CStdIntrvlDoc::ComputeRow(CRecordReader& in, IntervalRow& row, double alpha) {
     long m = m_nBatchSize;
     if (m == MAX_SHORT) {
         m = CountRow(in);
         if (m <= 0) return IDS_NO_OBSERVATIONS;
-        in.RewindRow();
+        in.RewindPass();
     }
     const double h = static_cast<double>(m + 1) / 2.0;
 
@@ -47,7 +46,7 @@ int CStdIntrvlDoc::ComputeRow(CObsStream& in, IntervalRow& row, double alpha) {
         double batchLow = low, batchHigh = high;
         long j = 1;
         for (; j <= m; ++j) {
-            if (!in.Next(&time, &x)) break;
+            if (!in.NextObs(&time, &x)) break;
             if (!hasRef && std::isfinite(x)) {
                 // A batch holding a value before it is not finite in any case.
                 ref = x;

@@ -19,6 +19,6 @@ public:
     int m_nBatchSize = kBatchSize;
 
 protected:
-    int ComputeRow(CObsStream& in, IntervalRow& row, double alpha) override;
+    int ComputeRow(CRecordReader& in, IntervalRow& row, double alpha) override;
     bool StopOnEmptyRow() const override { return true; }
 };

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "datafile/RecordReader.h"
 #include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
@@ -63,23 +64,23 @@ int CComprDoc::Compute() {
 int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     const CMultiFileItem& a = pair.a;
     const CMultiFileItem& b = pair.b;
-    CObsReader readA;
-    CObsReader readB;
-    if (int rc = readA.Open(a.m_strPath, a.m_nTreatment)) return rc;
-    if (int rc = readB.Open(b.m_strPath, b.m_nTreatment)) return rc;
+    CRecordReader readA;
+    CRecordReader readB;
+    if (int rc = pair_OpenFile(readA, a.m_strPath, a.m_nTreatment)) return rc;
+    if (int rc = pair_OpenFile(readB, b.m_strPath, b.m_nTreatment)) return rc;
     CFileSample sa;
     CFileSample sb;
     CShiftedSums diff;
-    double va = 0.0;
-    double vb = 0.0;
+    double ta = 0.0, va = 0.0;
+    double tb = 0.0, vb = 0.0;
     // An A value without a partner in B changes nothing.
-    while (readA.Next(&va) && readB.Next(&vb)) {
+    while (readA.NextObs(&ta, &va) && readB.NextObs(&tb, &vb)) {
         diff.Add(va - vb);
         sa.AddExtremes(va);
         sb.AddExtremes(vb);
     }
-    if (int rc = readA.ReadError()) return rc;
-    if (int rc = readB.ReadError()) return rc;
+    if (int rc = pair_ReadError(readA)) return rc;
+    if (int rc = pair_ReadError(readB)) return rc;
     long n = diff.Count();
     if (n <= 0) return IDS_NO_OBSERVATIONS;
 

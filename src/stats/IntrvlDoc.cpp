@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
 #include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
@@ -10,7 +11,13 @@
 #include "stats/IntervalCheck.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/Moments.h"
-#include "stats/ObsStream.h"
+
+namespace {
+
+// Values go to the sums a block at a time.
+constexpr std::size_t kChunk = 4096;
+
+}  // namespace
 
 int CIntrvlDoc::InitFromDialog(CDialog& dlg) {
     auto* d = dynamic_cast<CIntrvlDlg*>(&dlg);
@@ -34,8 +41,12 @@ int CIntrvlDoc::Compute(double alpha) {
 }
 
 int CIntrvlDoc::ComputeEntry(const CMultiFileItem& entry, double alpha, int* noObs) {
-    CObsStream in;
-    if (int rc = in.Open(entry.m_strPath, entry.m_nTreatment)) return rc;
+    CRecordReader in;
+    if (int rc = in.Open(entry.m_strPath)) {
+        if (rc == IDS_NO_FILE_OPEN) return IDS_FILE_NOT_FOUND;
+        return rc == IDS_INVALID_HEADER ? IDS_INVALID_DATA_FILE : rc;
+    }
+    if (int rc = in.Start(entry.m_nTreatment)) return rc;
     std::vector<IntervalRow>& rows = m_results.rows;
     do {
         IntervalRow row;
@@ -54,24 +65,31 @@ int CIntrvlDoc::ComputeEntry(const CMultiFileItem& entry, double alpha, int* noO
         } else if (rc) {
             return rc;
         }
-        in.SkipRow();
+        in.SkipPass();
     } while (entry.m_nTreatment == REP_ALL && in.NextReplication());
     return 0;
 }
 
-int CIntrvlDoc::ComputeRow(CObsStream& in, IntervalRow& row, double alpha) {
+int CIntrvlDoc::ComputeRow(CRecordReader& in, IntervalRow& row, double alpha) {
     // Time-persistent data count the time each value was held; the dialog
     // refuses such files, so n is a plain count in practice.
     const bool timeWeighted = op_IsTimePersistent(in.Kind());
     CMoments sample;
     double n = 0.0, previousTime = 0.0, time = 0.0, value = 0.0;
-    while (in.Next(&time, &value)) {
-        sample.Add(value);
+    double chunk[kChunk];
+    std::size_t held = 0;
+    while (in.NextObs(&time, &value)) {
+        chunk[held++] = value;
+        if (held == kChunk) {
+            sample.AddAll(chunk, held);
+            held = 0;
+        }
         if (timeWeighted) {
             n += time - previousTime;
             previousTime = time;
         }
     }
+    sample.AddAll(chunk, held);
     if (!timeWeighted) n = static_cast<double>(sample.Count());
     if (!(n > 0.0)) return IDS_NO_OBSERVATIONS;
 

@@ -13,7 +13,7 @@
 #include "dialog/FileDialogs.h"
 #include "stats/IntervalResults.h"
 
-class CObsStream;
+class CRecordReader;
 
 class CIntrvlDoc : public CBaseFileDoc {
 public:
@@ -45,7 +45,7 @@ public:
 protected:
     // Computes one row from the stream's current row; 0, 15901 (no
     // observations, the row keeps no results) or another message id.
-    virtual int ComputeRow(CObsStream& in, IntervalRow& row, double alpha);
+    virtual int ComputeRow(CRecordReader& in, IntervalRow& row, double alpha);
     // The rows of entry, computed, appended to the results. Stops at the first
     // id other than 15901; 15901 is kept in *noObs and the rows go on.
     int ComputeEntry(const CMultiFileItem& entry, double alpha, int* noObs);

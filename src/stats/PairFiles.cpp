@@ -1,66 +1,29 @@
 #include "stats/PairFiles.h"
 
 #include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 
-CObsReader::~CObsReader() { Close(); }
-
-void CObsReader::Close() {
-    if (m_file) std::fclose(m_file);
-    m_file = nullptr;
+int pair_OpenFile(CRecordReader& in, const std::string& path, int treatment) {
+    if (int rc = in.Open(path)) {
+        if (rc == IDS_NO_FILE_OPEN) return IDS_FILE_NOT_FOUND;
+        return rc == IDS_INVALID_HEADER ? IDS_INVALID_DATA_FILE : rc;
+    }
+    if (treatment != REP_LUMPED && treatment < 1) return IDS_INVALID_REP_TREATMENT;
+    return in.Start(treatment);
 }
 
-int CObsReader::Open(const std::string& path, int treatment) {
-    Close();
-    m_treatment = treatment;
-    m_ended = false;
-    int err = 0;
-    m_file = op_OpenDataFile(&err, path.c_str(), 2, true);
-    if (!m_file) return err == IDS_NO_FILE_OPEN ? IDS_FILE_NOT_FOUND : err;
-    DataFileHeader h;
-    if (op_ReadFileHdr(m_file, false, &h) != 0) {
-        Close();
-        return IDS_INVALID_DATA_FILE;
-    }
-    m_isDouble = h.isDouble;
-    m_kind = h.kind;
-    if (treatment != REP_LUMPED && treatment < 1) {
-        Close();
-        return IDS_INVALID_REP_TREATMENT;
-    }
-    int found = 0;
-    if (int rc = op_SeekRep(m_file, m_isDouble, treatment, &found, true)) {
-        Close();
-        return rc;
-    }
-    return 0;
-}
-
-bool CObsReader::Next(double* value) {
-    if (m_ended || !m_file) return false;
-    double t = 0.0;
-    double v = 0.0;
-    for (;;) {
-        op_ReadObs(m_file, m_isDouble, m_treatment, m_kind, &t, &v);
-        if (t >= 0.0) {
-            *value = v;
-            return true;
-        }
-        if (v == MARK_SKIP) continue;
-        if (v != MARK_END && m_treatment == REP_LUMPED) continue;
-        m_ended = true;
-        return false;
-    }
-}
-
-int CObsReader::ReadError() const { return (m_file && std::ferror(m_file)) ? IDS_READ_ERROR : 0; }
+int pair_ReadError(const CRecordReader& in) { return in.PassEnd() == RecordKind::Error ? IDS_READ_ERROR : 0; }
 
 int pair_ReadSample(const CMultiFileItem& item, CFileSample* sample) {
-    CObsReader reader;
-    if (int rc = reader.Open(item.m_strPath, item.m_nTreatment)) return rc;
-    double v = 0.0;
-    while (reader.Next(&v)) sample->Add(v);
-    return reader.ReadError();
+    CRecordReader in;
+    if (int rc = pair_OpenFile(in, item.m_strPath, item.m_nTreatment)) return rc;
+    // A local copy stays in registers through the loop.
+    CFileSample local = *sample;
+    double t = 0.0, v = 0.0;
+    while (in.NextObs(&t, &v)) local.Add(v);
+    *sample = local;
+    return pair_ReadError(in);
 }
 
 namespace {

@@ -3,7 +3,6 @@
 // the pairs that are computed.
 #pragma once
 
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -11,32 +10,15 @@
 #include "dialog/FileDialogs.h"
 #include "stats/ShiftedSums.h"
 
-// Observations of one data file under one treatment: -2.0 markers are passed
-// over, a -1.0 marker (or the end of the file) ends the data, and any other
-// marker ends it too unless the treatment is lumped.
-class CObsReader {
-public:
-    CObsReader() = default;
-    ~CObsReader();
-    CObsReader(const CObsReader&) = delete;
-    CObsReader& operator=(const CObsReader&) = delete;
+class CRecordReader;
 
-    // Opens the file and positions it at the treatment's first record. The
-    // treatment is a replication number or lumped. 0 or a message id.
-    int Open(const std::string& path, int treatment);
-    // The next observation's value; false once the data have ended.
-    bool Next(double* value);
-    // 15834 when the stream failed while reading, else 0.
-    int ReadError() const;
-    void Close();
-
-private:
-    FILE* m_file = nullptr;
-    int m_isDouble = 1;
-    int m_kind = 0;
-    int m_treatment = 1;
-    bool m_ended = false;
-};
+// Opens a file of a pair and starts the pass of its treatment, a replication
+// number or lumped: -2.0 markers are passed over, a -1.0 marker (or the end of
+// the file) ends the data, and any other marker ends it too unless the
+// treatment is lumped. 0 or a message id.
+int pair_OpenFile(CRecordReader& in, const std::string& path, int treatment);
+// 15834 when a read error ended the pass, else 0.
+int pair_ReadError(const CRecordReader& in);
 
 // What a file's observations give: the sums and the extremes, which start from
 // the layer's bound as the other analyses do.

@@ -1,18 +1,28 @@
 #include "stats/SdIntDoc.h"
 
 #include <cmath>
+#include <iterator>
 
-#include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
 #include "stats/IntervalCheck.h"
 #include "stats/Moments.h"
-#include "stats/ObsStream.h"
 
-int CSdIntDoc::ComputeRow(CObsStream& in, IntervalRow& row, double alpha) {
+int CSdIntDoc::ComputeRow(CRecordReader& in, IntervalRow& row, double alpha) {
     CMoments sample;
     double time = 0.0, value = 0.0;
-    while (in.Next(&time, &value)) sample.Add(value);
+    // Values go to the sums a block at a time.
+    double chunk[4096];
+    std::size_t held = 0;
+    while (in.NextObs(&time, &value)) {
+        chunk[held++] = value;
+        if (held == std::size(chunk)) {
+            sample.AddAll(chunk, held);
+            held = 0;
+        }
+    }
+    sample.AddAll(chunk, held);
     const long n = sample.Count();
     if (n == 0) return IDS_NO_OBSERVATIONS;
 

@@ -17,6 +17,6 @@ public:
     int GraphTitleId() const override { return 15951; }
 
 protected:
-    int ComputeRow(CObsStream& in, IntervalRow& row, double alpha) override;
+    int ComputeRow(CRecordReader& in, IntervalRow& row, double alpha) override;
     bool StopOnEmptyRow() const override { return true; }
 };

@@ -11,17 +11,19 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
 
 // Compensated running sum.
 class CKeptSum {
 public:
     void Add(double x) {
         double t = m_sum + x;
-        if (std::fabs(m_sum) >= std::fabs(x)) {
-            m_comp += (m_sum - t) + x;
-        } else {
-            m_comp += (x - t) + m_sum;
-        }
+        // The larger addend first; chosen by selection rather than a branch,
+        // which sums near zero would mispredict.
+        const bool sumLarger = std::fabs(m_sum) >= std::fabs(x);
+        const double large = sumLarger ? m_sum : x;
+        const double small = sumLarger ? x : m_sum;
+        m_comp += (large - t) + small;
         m_sum = t;
     }
     // An infinite sum makes the compensation NaN; the sum alone is the answer.
@@ -40,6 +42,12 @@ public:
         m_s1.Add(d);
         m_s2.Add(d * d);
         ++m_n;
+    }
+    // Add for each value in order, on a copy that stays in registers.
+    void AddAll(const double* x, std::size_t n) {
+        CShiftedSums local = *this;
+        for (std::size_t i = 0; i < n; ++i) local.Add(x[i]);
+        *this = local;
     }
     long Count() const { return m_n; }
     // sum / n; meaningless for an empty sample.

@@ -7,6 +7,7 @@
 
 #include "TestFiles.h"
 #include "datafile/DataFile.h"
+#include "datafile/RecordReader.h"
 #include "datafile/SingleDoc.h"
 
 namespace {
@@ -20,18 +21,33 @@ void ReadEverything(const std::string& path) {
     EXPECT_TRUE(rc == 0 || rc == 15928) << rc;
     CSingleDoc doc;
     if (!doc.OnOpenDocument(path.c_str())) return;
-    for (int treatment : {1, REP_LUMPED, REP_REPMEANS}) {
-        std::fseek(doc.m_pFile, doc.RepInfo(1).m_lFilePos, SEEK_SET);
+    CRecordReader& in = doc.Reader();
+    for (int treatment : {1, 2, REP_ALL, REP_LUMPED, REP_REPMEANS}) {
+        if (in.Start(treatment) != 0) continue;
         double t = 0, v = 0;
         // Every record read consumes bytes, so the loop ends with the file.
         for (long n = 0; n < 100000; ++n) {
-            op_ReadObs(doc.m_pFile, doc.m_nIsDouble, treatment, doc.m_nKind, &t, &v);
-            if (t == -1.0 && v == -1.0) break;
+            if (in.NextObs(&t, &v)) continue;
+            if (!in.NextReplication()) break;
         }
     }
     int found = 0;
-    std::fseek(doc.m_pFile, doc.RepInfo(1).m_lFilePos, SEEK_SET);
-    op_SeekRep(doc.m_pFile, doc.m_nIsDouble, 2, &found, true);
+    std::FILE* f = op_OpenDataFile(&found, path.c_str(), 2, true);
+    ASSERT_NE(f, nullptr);
+    DataFileHeader h;
+    if (op_ReadFileHdr(f, false, &h) == 0) {
+        for (int treatment : {1, REP_LUMPED, REP_REPMEANS}) {
+            std::fseek(f, doc.RepInfo(1).m_lFilePos, SEEK_SET);
+            double t = 0, v = 0;
+            for (long n = 0; n < 100000; ++n) {
+                op_ReadObs(f, h.isDouble, treatment, h.kind, &t, &v);
+                if (t == -1.0 && v == -1.0) break;
+            }
+        }
+        std::fseek(f, doc.RepInfo(1).m_lFilePos, SEEK_SET);
+        op_SeekRep(f, h.isDouble, 2, &found, true);
+    }
+    std::fclose(f);
 }
 
 TEST(DataFileFuzz, MutatedAndTruncatedFilesNeverCrash) {

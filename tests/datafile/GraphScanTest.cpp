@@ -5,6 +5,7 @@
 #include "datafile/DataFile.h"
 #include "datafile/FileGlobals.h"
 #include "datafile/GraphScan.h"
+#include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 
 namespace {
@@ -66,30 +67,25 @@ TEST_F(GraphScanTest, FilesThatCannotBeReadGiveTheLayersMessages) {
 }
 
 TEST_F(GraphScanTest, TheReaderFollowsReplications) {
-    int err = 0;
-    FILE* f = op_OpenDataFile(&err, a.c_str(), 2, true);
-    ASSERT_NE(f, nullptr);
-    DataFileHeader h;
-    ASSERT_EQ(op_ReadFileHdr(f, false, &h), 0);
-    long start = std::ftell(f);
+    CRecordReader in;
+    ASSERT_EQ(in.Open(a), 0);
     int rep = 1;
     double t = 0, v = 0;
-    op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);
-    op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);
-    op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);  // (-1, 0) closes replication 1
+    op_ReadGraphRecord(in, 1, &rep, &t, &v);
+    op_ReadGraphRecord(in, 1, &rep, &t, &v);
+    op_ReadGraphRecord(in, 1, &rep, &t, &v);  // (-1, 0) closes replication 1
     EXPECT_EQ(t, -1.0);
     EXPECT_EQ(rep, 2);
-    for (int i = 0; i < 3; ++i) op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);
+    for (int i = 0; i < 3; ++i) op_ReadGraphRecord(in, 1, &rep, &t, &v);
     EXPECT_EQ(t, -2.0);  // (-2, -1) ends the data; rep stays
     EXPECT_EQ(v, -1.0);
-    op_ReadGraphRecord(f, 1, 1, &rep, &t, &v);
+    op_ReadGraphRecord(in, 1, &rep, &t, &v);
     EXPECT_EQ(t, -1.0);  // end of file reads as the end mark
     EXPECT_EQ(v, -1.0);
-    std::fseek(f, start, SEEK_SET);
+    in.Seek(in.FirstRecord());
     rep = REP_LUMPED;
-    for (int i = 0; i < 3; ++i) op_ReadGraphRecord(f, 1, REP_LUMPED, &rep, &t, &v);
+    for (int i = 0; i < 3; ++i) op_ReadGraphRecord(in, REP_LUMPED, &rep, &t, &v);
     EXPECT_EQ(rep, REP_LUMPED);
-    std::fclose(f);
 }
 
 }  // namespace

@@ -31,9 +31,8 @@ TEST(SampleModel, WritesEveryKindWithTheRequestedReplications) {
     CSingleDoc waits;
     ASSERT_TRUE(waits.OnOpenDocument(dir.Path("waits.dat").c_str()));
     double t = 0, v = 0, last = 0;
-    for (;;) {
-        op_ReadObs(waits.m_pFile, 1, 1, 3, &t, &v);
-        if (t < 0) break;
+    ASSERT_EQ(waits.Reader().Start(1), 0);
+    while (waits.Reader().NextObs(&t, &v)) {
         EXPECT_GE(v, 0.0);
         EXPECT_GE(t, last);
         EXPECT_LE(t, 300.0);

@@ -27,7 +27,7 @@ TEST(SingleDoc, IndexesEveryReplicationWithATrailingEntry) {
     test_WriteDataFile(path, h, recs);
     CSingleDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
-    EXPECT_EQ(doc.m_nReps, 3);
+    EXPECT_EQ(doc.RepCount(), 3);
     EXPECT_EQ(doc.m_nKind, 3);
     EXPECT_EQ(doc.m_strIdent, "IDENT");
     EXPECT_EQ(doc.m_strTitle, "A title");
@@ -72,7 +72,7 @@ TEST(SingleDoc, OpenFailures) {
     test_WriteBytes(dir.Path("bad.dat"), "garbage\n");
     CSingleDoc bad;
     EXPECT_FALSE(bad.OnOpenDocument(dir.Path("bad.dat").c_str()));
-    EXPECT_EQ(bad.m_pFile, nullptr);
+    EXPECT_FALSE(bad.IsOpen());
     EXPECT_EQ(host.ids, (std::vector<int>{15811, 15928}));
 }
 
@@ -83,7 +83,7 @@ TEST(SingleDoc, AFileWithoutItsEndMarkerStillOpens) {
     test_WriteDataFile(path, {}, {{1, 1}, {2, 2}});
     CSingleDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
-    EXPECT_EQ(doc.m_nReps, 15836);
+    EXPECT_EQ(doc.RepCount(), 15836);
     EXPECT_EQ(doc.RepInfo(1).m_nObsCount, 2);
 }
 
@@ -110,12 +110,12 @@ TEST(SingleDoc, AllReplicationsOpenOneSiblingEach) {
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(doc.Siblings()[i]->m_nTreatment, i + 1);
         EXPECT_NE(dynamic_cast<CountingDoc*>(doc.Siblings()[i]), nullptr);
-        EXPECT_NE(doc.Siblings()[i]->m_pFile, nullptr);
+        EXPECT_TRUE(doc.Siblings()[i]->IsOpen());
     }
     EXPECT_EQ(doc.Siblings()[0], &doc);
     EXPECT_EQ(doc.ReleaseSiblings(), 0);
     EXPECT_TRUE(doc.Siblings().empty());
-    EXPECT_EQ(doc.m_pFile, nullptr);
+    EXPECT_FALSE(doc.IsOpen());
 }
 
 TEST(SingleDoc, OneReplicationMakesNoSiblings) {
