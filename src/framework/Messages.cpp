@@ -126,6 +126,8 @@ const Entry kTable[] = {
     {16007, "Too few observations: there must be more observations than files"},
     {16008, "The observations within each file are all equal.\nThe F ratio is undefined."},
     {16009, "A file whose observations are all equal\ncannot be compared with unequal variances"},
+    {16010, "One-Way ANOVA Summary"},
+    {16011, "Means and Confidence Intervals"},
     {16016, "Plot Legend ~ Filename (Replication Treatment)"},
     {16017, "lumped"},
     {16018, "all"},

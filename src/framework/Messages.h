@@ -43,6 +43,8 @@ enum MessageId : int {
     IDS_ANOVA_NO_ERROR_DF = 16007,
     IDS_ANOVA_NO_VARIATION = 16008,
     IDS_ANOVA_CONSTANT_FILE = 16009,
+    IDS_ANOVA_REPORT_TITLE = 16010,
+    IDS_ANOVA_GRAPH_TITLE = 16011,
     IDS_ERROR_ACCESSING_FILE = 16050,
     // The framework's own messages, above the component's range.
     IDS_FAILED_TO_OPEN_DOC = 61697,

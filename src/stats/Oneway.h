@@ -62,7 +62,13 @@ struct OnewayWelch {
 // IDS_ANOVA_CONSTANT_FILE.
 int oneway_Welch(const std::vector<OnewayGroup>& groups, double alpha, OnewayWelch* welch);
 
-enum OnewayMethod : int { ONEWAY_TUKEY, ONEWAY_SCHEFFE, ONEWAY_BONFERRONI, ONEWAY_GAMES_HOWELL };
+enum OnewayMethod : int {
+    ONEWAY_CLASSICAL = -1,  // Tukey, Scheffe and Bonferroni together
+    ONEWAY_TUKEY,
+    ONEWAY_SCHEFFE,
+    ONEWAY_BONFERRONI,
+    ONEWAY_GAMES_HOWELL,
+};
 
 // One pair i < j (0-based entries) by one method: difference = mean_i - mean_j,
 // the interval difference -+ halfWidth, significant when it excludes 0.
@@ -75,7 +81,8 @@ struct OnewayComparison {
     double lower = 0.0;
     double upper = 0.0;
     bool significant = false;
-    double q = 0.0;  // Tukey and Games-Howell: the studentized range point
+    double critical = 0.0;  // halfWidth / se: q / sqrt(2), sqrt((k - 1) F) or t
+    double q = 0.0;         // Tukey and Games-Howell: the studentized range point
     bool qFromTable = false;
     long df = 0;  // error degrees of freedom of the critical value
 };

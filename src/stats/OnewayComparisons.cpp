@@ -87,6 +87,7 @@ std::vector<OnewayComparison> oneway_Compare(const std::vector<OnewayGroup>& gro
             if (method != ONEWAY_GAMES_HOWELL) {
                 const double se = std::sqrt(table.msWithin * (1.0 / a.n + 1.0 / b.n));
                 OnewayComparison c = Interval(method, i, j, difference, factor * se);
+                c.critical = factor;
                 c.q = q;
                 c.qFromTable = fromTable;
                 c.df = table.dfWithin;
@@ -102,6 +103,7 @@ std::vector<OnewayComparison> oneway_Compare(const std::vector<OnewayGroup>& gro
             bool pairFromTable = false;
             const double qPair = oneway_RangePoint(k, dfPair, alpha, &pairFromTable);
             OnewayComparison c = Interval(method, i, j, difference, qPair / std::sqrt(2.0) * std::sqrt(v));
+            c.critical = qPair / std::sqrt(2.0);
             c.q = qPair;
             c.qFromTable = pairFromTable;
             c.df = dfPair;
