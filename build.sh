@@ -3,6 +3,7 @@
 #   ./build.sh demo [DIR]   build, then make sample data and run every analysis
 #   ./build.sh test         build, then run the whole test suite
 #   ./build.sh build        build only
+#   ./build.sh gui [GROUP]  build, then start the desktop program (oproc-gui)
 # BUILD_DIR picks the build folder (default build); OPROC_SANITIZE=1 builds with
 # AddressSanitizer and UndefinedBehaviorSanitizer.
 set -euo pipefail
@@ -15,6 +16,11 @@ command -v make >/dev/null || need+=(make)
 [ -f /usr/include/CLI/CLI.hpp ] || need+=(libcli11-dev)
 [ -d /usr/include/gtest ] || need+=(libgtest-dev)
 [ -d /usr/include/benchmark ] || need+=(libbenchmark-dev)
+# The desktop program and its tests need Qt 6 and the graphs' face (OPROC_GUI=0 skips them).
+if [ "${1:-}" = gui ] || { [ "${1:-}" = test ] && [ "${OPROC_GUI:-1}" = 1 ]; }; then
+    dpkg -s qt6-base-dev >/dev/null 2>&1 || need+=(qt6-base-dev)
+    [ -d /usr/share/fonts/truetype/liberation ] || need+=(fonts-liberation)
+fi
 if ((${#need[@]})); then
     sudo=""
     [ "$(id -u)" = 0 ] || sudo=sudo
@@ -35,7 +41,8 @@ what=${1:-build}
 [ $# -gt 0 ] && shift
 case "$what" in
     demo) exec "$build_dir/oproc" demo "$@" ;;
+    gui) exec "$build_dir/oproc-gui" "$@" ;;
     test) exec ctest --test-dir "$build_dir" --output-on-failure -j"$(nproc)" ;;
     build) ;;
-    *) echo "usage: ./build.sh demo [DIR] | test | build" >&2; exit 2 ;;
+    *) echo "usage: ./build.sh demo [DIR] | test | build | gui [GROUP]" >&2; exit 2 ;;
 esac

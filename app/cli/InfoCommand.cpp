@@ -1,13 +1,10 @@
 // oproc info FILE...: what a data file holds: its header and its replications.
-#include <cstdio>
 #include <ostream>
 
 #include "Command.h"
 #include "GroupArgs.h"
-#include "datafile/DataFile.h"
-#include "datafile/SingleDoc.h"
+#include "datafile/FileInfo.h"
 #include "framework/Host.h"
-#include "framework/Messages.h"
 
 namespace {
 
@@ -23,41 +20,9 @@ CLI::App* Setup(CLI::App& app) {
 }
 
 int Describe(const std::string& path, CliIO& io) {
-    int kind = 0, reinit = 0, count = 0;
-    std::string title;
-    int rc = op_CheckFileHdr(path.c_str(), &kind, &reinit, &count, &title, 2);
-    if (rc == IDS_NO_FILE_OPEN) rc = IDS_FILE_NOT_FOUND;
-    if (rc == IDS_INVALID_HEADER) rc = IDS_INVALID_DATA_FILE;
-    if (rc) return AfxMessageBox(rc), rc;
-    CSingleDoc doc;
-    doc.SetPathName(path, false);
-    if (!doc.OnOpenDocument(path.c_str())) {
-        AfxMessageBox(IDS_INVALID_DATA_FILE);
-        return IDS_INVALID_DATA_FILE;
-    }
-    char line[160];
-    io.out << "File:           " << path << '\n';
-    io.out << "Identifier:     " << doc.m_strIdent << '\n';
-    io.out << "Title:          " << doc.m_strTitle << '\n';
-    std::snprintf(line, sizeof line, "Data kind:      %d (%s)%s\n", doc.m_nKind, op_KindText(doc.m_nKind),
-                  op_IsTimePersistent(doc.m_nKind) ? ", time-persistent" : "");
-    io.out << line;
-    io.out << "Type text:      " << doc.m_strType << '\n';
-    io.out << "Reinitialised:  " << (doc.m_nReinit ? "yes" : "no") << '\n';
-    io.out << "Records:        " << (doc.m_nIsDouble ? "8-byte doubles" : "4-byte floats") << '\n';
-    io.out << "Count field:    " << count << '\n';
-    if (doc.m_nReps >= 15000) {
-        io.out << "Replications:   none complete (" << msg_Text(doc.m_nReps).substr(0, 20) << "...)\n";
-        return 0;
-    }
-    io.out << "Replications:   " << doc.m_nReps << '\n';
-    long total = 0;
-    for (int r = 1; r <= doc.m_nReps && r < doc.RepIndexSize(); ++r) {
-        std::snprintf(line, sizeof line, "  replication %4d: %10d observations\n", r, doc.RepInfo(r).m_nObsCount);
-        io.out << line;
-        total += doc.RepInfo(r).m_nObsCount;
-    }
-    io.out << "Observations:   " << total << "\n\n";
+    std::string text;
+    if (int rc = op_DescribeDataFile(path, text)) return AfxMessageBox(rc), rc;
+    io.out << text;
     return 0;
 }
 

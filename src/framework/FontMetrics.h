@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "framework/DC.h"
+
 struct FontFace {
     const char* family;
     int unitsPerEm;
@@ -25,3 +27,16 @@ long font_TextUnits(const FontFace& face, std::string_view text);
 inline double font_EmSize(const FontFace& face, int cellHeight) {
     return static_cast<double>(cellHeight) * face.unitsPerEm / (face.ascender + face.descender);
 }
+
+// How a device context sets a CFont in this face, in device units: the em
+// size, the ascent and descent around the baseline. A positive font height is
+// the cell height (ascent plus descent), a negative one the em size.
+struct FontBox {
+    double em;
+    double ascent;
+    double descent;
+};
+FontBox font_Box(const CFont& font);
+
+// The extent of a text set in font: its advance width, rounded, and the cell height.
+CSize font_TextExtent(const CFont& font, std::string_view text);

@@ -72,6 +72,7 @@ const Entry kTable[] = {
     {15901, "No observations stored in data file."},
     {15905, "File already is in the data group."},
     {15906, "Error calculating standard deviation interval."},
+    {15907, "Error calculating confidence interval."},
     {15912, "Simulation Output (*.dat)|*.dat|All Files (*.*)|*.*||"},
     {15914, "*.dat"},
     {15917, "Confidence Interval on Standard Deviation"},

@@ -232,11 +232,10 @@ void CSvgDC::OnRectangle(const CRect& r) {
 void CSvgDC::OnText(int x, int y, const std::string& text) {
     FlushPath();
     const CFont& font = GetCurrentFont();
-    const FontFace& face = font_Face(font.weight >= 600);
-    int cell = std::abs(font.height);
-    double em = font.height >= 0 ? font_EmSize(face, cell) : static_cast<double>(cell);
-    double ascent = em * face.ascender / face.unitsPerEm;
-    double descent = em * face.descender / face.unitsPerEm;
+    FontBox box = font_Box(font);
+    double em = box.em;
+    double ascent = box.ascent;
+    double descent = box.descent;
     unsigned align = GetTextAlign();
     double baseline = y + ascent;
     if ((align & TA_BASELINE) == TA_BASELINE)
@@ -285,11 +284,4 @@ void CSvgDC::OnText(int x, int y, const std::string& text) {
     m_out += "</text>\n";
 }
 
-CSize CSvgDC::OnMeasure(const CFont& font, const std::string& text) {
-    const FontFace& face = font_Face(font.weight >= 600);
-    int cell = std::abs(font.height);
-    double em = font.height >= 0 ? font_EmSize(face, cell) : static_cast<double>(cell);
-    double width = static_cast<double>(font_TextUnits(face, text)) * em / face.unitsPerEm;
-    int height = font.height >= 0 ? cell : static_cast<int>(std::lround(em * (face.ascender + face.descender) / face.unitsPerEm));
-    return {static_cast<int>(std::lround(width)), height};
-}
+CSize CSvgDC::OnMeasure(const CFont& font, const std::string& text) { return font_TextExtent(font, text); }

@@ -6,6 +6,7 @@
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 #include "stats/Distributions.h"
+#include "stats/IntervalCheck.h"
 #include "stats/ObsStream.h"
 
 namespace {
@@ -88,6 +89,7 @@ int CStdIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha)
     int d = 2 * b - 1;
     if (d == 0) d = 1;
     const double halfWidth = st_TQuantile(d, alpha / 2.0) * (root / std::sqrt(static_cast<double>(d)));
+    if (!st_IntervalHolds(average, root, average - halfWidth, average + halfWidth)) return IDS_INTERVAL_ERROR;
 
     row.m_dAverage = average;
     row.m_dStdDev = root;

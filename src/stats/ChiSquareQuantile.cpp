@@ -16,9 +16,14 @@
 //
 // Accuracy: stops once a step is no larger than 0.001, after applying it; the
 // quantiles come out to about six significant digits at the usual levels.
+// The result is kept when it is finite, positive and within
+// kQuantileAgreement of the accurate inverse of the incomplete gamma function
+// (st_GammaInverse); otherwise, where the iteration has not held, that
+// accurate value is returned instead.
 #include <cmath>
 
 #include "stats/Distributions.h"
+#include "stats/IncompleteFunctions.h"
 
 namespace {
 
@@ -55,20 +60,14 @@ double CornishFisherStart(int df, double z) {
     return x;
 }
 
-}  // namespace
+using TailFunction = double (*)(int, double, double*);
 
-double st_ChiSquareQuantile(int df, double p) {
-    if (df <= 1) {
-        const double z = st_NormalQuantile(p / 2.0, kTolerance);
-        return z * z;
-    }
-    if (df == 2) return -2.0 * std::log(p);
-
+double Refine(int df, double p, TailFunction upperTail) {
     double x = CornishFisherStart(df, st_NormalQuantile(p, kTolerance));
     const double h = df / 2.0 - 1.0;
     for (int step = 0; step < kMaxSteps; ++step) {
         double tail;
-        const double f = st_ChiSquareUpperTail(df, x, &tail);
+        const double f = upperTail(df, x, &tail);
         const double g = (h / x - 0.5) * f;  // derivative of the density
         const double d = p - tail;
         const double disc = f * f - 2.0 * d * g;
@@ -77,4 +76,29 @@ double st_ChiSquareQuantile(int df, double p) {
         if (std::fabs(s) <= kTolerance) break;
     }
     return x;
+}
+
+}  // namespace
+
+double st_ChiSquareQuantileBySeries(int df, double p) {
+    if (df <= 1) {
+        const double z = st_NormalQuantile(p / 2.0, kTolerance);
+        return z * z;
+    }
+    if (df == 2) return -2.0 * std::log(p);
+    return Refine(df, p, st_ChiSquareTailSeries);
+}
+
+double st_ChiSquareQuantile(int df, double p) {
+    if (df <= 1) {
+        const double z = st_NormalQuantile(p / 2.0, kTolerance);
+        return z * z;
+    }
+    if (df == 2) return -2.0 * std::log(p);
+
+    const double x = Refine(df, p, st_ChiSquareUpperTail);
+    if (!(p > 0.0 && p < 1.0)) return x;
+    const double accurate = 2.0 * st_GammaInverse(df / 2.0, 1.0 - p, p);
+    if (std::isfinite(x) && x > 0.0 && std::fabs(x - accurate) <= kQuantileAgreement * accurate) return x;
+    return accurate;
 }

@@ -5,6 +5,7 @@
 
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
+#include "stats/IntervalCheck.h"
 #include "stats/PairDialogs.h"
 #include "stats/PairFiles.h"
 
@@ -84,6 +85,7 @@ int CComprDoc::ComputePaired(CMultiFileItem& a, CMultiFileItem& b) {
     if (variance < 0.0) variance = 0.0;
     double t = st_TQuantile(static_cast<int>(n - 1), m_dAlpha / 2.0);
     double hw = t * std::sqrt(variance) / std::sqrt(static_cast<double>(n));
+    if (!st_IntervalHolds(mean, std::sqrt(variance), mean - hw, mean + hw)) return IDS_INTERVAL_ERROR;
 
     StoreResults(a, mean, std::sqrt(variance), hw);
     StoreResults(b, mean, std::sqrt(variance), hw);
@@ -119,8 +121,9 @@ int CComprDoc::ComputeTwoSample(CMultiFileItem& a, CMultiFileItem& b) {
     int df = CutToInt(s * s / (wb * wb / (dnb - 1.0) + wa * wa / (dna - 1.0)));
     double se = std::sqrt(s);
     double hw = st_TQuantile(df, m_dAlpha / 2.0) * se;
-
     double estimate = sa.sums.Mean() - sb.sums.Mean();
+    if (!st_IntervalHolds(estimate, se, estimate - hw, estimate + hw)) return IDS_INTERVAL_ERROR;
+
     StoreResults(a, estimate, se, hw);
     StoreResults(b, estimate, se, hw);
     a.m_dMin = sa.min;

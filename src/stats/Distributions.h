@@ -11,7 +11,9 @@ double st_NormalUpperTail(double z);
 double st_NormalQuantile(double p, double tol);
 // prob = I_x(a/2, b/2); returns d prob / dx.
 double st_FUpperTail(int a, int b, double x, double* prob);
-double st_FBetaQuantile(int a, int b, double p, double tol);
+// x with I_x(a/2, b/2) = p; *complement, when asked for, receives 1 - x
+// with the precision of the method that gave x.
+double st_FBetaQuantile(int a, int b, double p, double tol, double* complement = nullptr);
 double st_TQuantile(int df, double p);
 double st_FQuantile(int m, int n, double p);
 // q(alpha; k1 + 1, df) from the studentized range table, or 0.0.
@@ -27,3 +29,8 @@ double st_FUpperProbability(double m, double n, double f);
 // Chi-square: upper tail into *tail, density as the result; and the quantile.
 double st_ChiSquareUpperTail(int df, double x, double* tail);
 double st_ChiSquareQuantile(int df, double p);
+// The finite series behind st_ChiSquareUpperTail at every df, and the
+// quantile refined on it alone: the references that the faster form for
+// large df is held to.
+double st_ChiSquareTailSeries(int df, double x, double* tail);
+double st_ChiSquareQuantileBySeries(int df, double p);

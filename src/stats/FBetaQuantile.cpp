@@ -17,10 +17,20 @@
 // final tolerance, and they must match step for step.
 //
 // Accuracy: stops once a step in x is no larger than tol, after applying it;
-// with tol = 0.001 the quantiles come out to about six significant digits.
+// with tol = 0.001 the quantiles come out to about six significant digits
+// where the method holds. It does not hold everywhere: the series underflows
+// once x^(a/2) drops below the smallest double (both degrees of freedom in
+// the thousands), and a step of 0.001 in x is coarse when x itself is that
+// small (a far tail with few denominator degrees of freedom). So the result
+// is compared with the accurate inverse of the incomplete beta function
+// (st_BetaInverse) and kept only when it is finite, in (0, 1] and within
+// kQuantileAgreement of it, relative to F (that is, to x (1 - x)); otherwise
+// the accurate value is returned. Where the series has vanished at the start
+// the iteration is not run at all.
 #include <cmath>
 
 #include "stats/Distributions.h"
+#include "stats/IncompleteFunctions.h"
 
 namespace {
 
@@ -64,9 +74,27 @@ double TStart(int k, double w, double tol) {
                (368640.0 * n * n * n * n * n);
 }
 
+// The series of st_FUpperTail raises its running term by the first parameter
+// first, down to x^(a/2) (1 - x)^(j0/2) / B(a/2, j0/2). Where that is far
+// below the smallest double at the start, the term is zero, the density with
+// it, and the iteration cannot find the root. Measured over 37,000 cases with
+// both degrees of freedom from 200 to 10^5 at levels 0.5 to 0.001, no start
+// below exp(-737) led to a result within kQuantileAgreement; exp(-800) leaves
+// a wide margin. (Costs nothing but a few logarithms; it spares df/2 terms
+// per step where the series is certain to fail, as with both df in the
+// millions.)
+constexpr double kLogTermVanishes = -800.0;
+
+bool SeriesVanishes(int a, int b, double x) {
+    const double half = a / 2.0;
+    const double j0 = b % 2 == 0 ? 1.0 : 0.5;
+    const double lnB = std::lgamma(half) + std::lgamma(j0) - std::lgamma(half + j0);
+    return half * std::log(x) + j0 * std::log1p(-x) - lnB < kLogTermVanishes;
+}
+
 }  // namespace
 
-double st_FBetaQuantile(int a, int b, double p, double tol) {
+double st_FBetaQuantile(int a, int b, double p, double tol, double* complement) {
     double f0;
     bool exactStart = false;
     if (a > 1 && b > 1) {
@@ -80,17 +108,34 @@ double st_FBetaQuantile(int a, int b, double p, double tol) {
     }
 
     double x = a / (a + b * std::fabs(f0));
-    if (exactStart) return x;
-
-    for (int step = 0; step < kMaxSteps; ++step) {
-        double prob;
-        const double g = st_FUpperTail(a, b, x, &prob);
-        const double e = 2.0 * (prob - p);
-        const double d = g * g - e;
-        const double h = d > 0.0 ? e / (-g - std::sqrt(d))
-                                 : -1.0 / ((b / 2.0 - 1.0) / (1.0 - x) + (a / 2.0 - 1.0) / x);
-        x += h;
-        if (std::fabs(h) - tol <= 0.0) break;
+    // Outside these arguments there is nothing to compare with: the result is
+    // the iteration's, as it always was.
+    const bool checked = !exactStart && a >= 1 && b >= 1 && p > 0.0 && p < 1.0;
+    if (!(checked && SeriesVanishes(a, b, x))) {
+        if (!exactStart) {
+            for (int step = 0; step < kMaxSteps; ++step) {
+                double prob;
+                const double g = st_FUpperTail(a, b, x, &prob);
+                const double e = 2.0 * (prob - p);
+                const double d = g * g - e;
+                const double h = d > 0.0 ? e / (-g - std::sqrt(d))
+                                         : -1.0 / ((b / 2.0 - 1.0) / (1.0 - x) + (a / 2.0 - 1.0) / x);
+                x += h;
+                if (std::fabs(h) - tol <= 0.0) break;
+            }
+        }
+        if (!checked) {
+            if (complement) *complement = 1.0 - x;
+            return x;
+        }
     }
-    return x;
+
+    double y;
+    const double accurate = st_BetaInverse(a / 2.0, b / 2.0, p, 1.0 - p, &y);
+    if (std::isfinite(x) && x > 0.0 && x <= 1.0 && std::fabs(x - accurate) <= kQuantileAgreement * accurate * y) {
+        if (complement) *complement = 1.0 - x;
+        return x;
+    }
+    if (complement) *complement = y;
+    return accurate;
 }

@@ -6,10 +6,14 @@
 // 1964, 26.6.2); x from st_FBetaQuantile with the denominator first, then
 // F = (1 - x) n / (x m).
 //
-// Accuracy: about six significant digits at the usual levels.
+// Accuracy: about six significant digits at every level and degree of
+// freedom (st_FBetaQuantile falls back on the exact inverse where its
+// iteration does not hold); 1 - x comes with x, so that an x close to 1 does
+// not cost F its digits.
 #include "stats/Distributions.h"
 
 double st_FQuantile(int m, int n, double p) {
-    const double x = st_FBetaQuantile(n, m, p, kFQuantileTolerance);
-    return (1.0 - x) * n / (x * m);
+    double y;
+    const double x = st_FBetaQuantile(n, m, p, kFQuantileTolerance, &y);
+    return y * n / (x * m);
 }

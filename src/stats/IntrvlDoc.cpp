@@ -6,6 +6,7 @@
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 #include "stats/Distributions.h"
+#include "stats/IntervalCheck.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/Moments.h"
 #include "stats/ObsStream.h"
@@ -89,6 +90,7 @@ int CIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
     int df = WholeInt(n - 1.0);
     if (n - 1.0 == 0.0) df = 1;
     const double halfWidth = st_TQuantile(df, alpha / 2.0) * stdDev / std::sqrt(n);
+    if (!st_IntervalHolds(average, stdDev, average - halfWidth, average + halfWidth)) return IDS_INTERVAL_ERROR;
 
     row.m_dAverage = average;
     row.m_dStdDev = stdDev;

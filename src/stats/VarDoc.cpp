@@ -2,6 +2,7 @@
 
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
+#include "stats/IntervalCheck.h"
 #include "stats/PairDialogs.h"
 #include "stats/PairFiles.h"
 
@@ -52,6 +53,7 @@ int CVarDoc::ComputePair(CMultiFileItem& a, CMultiFileItem& b) {
     double f2 = st_FQuantile(dfb, dfa, m_dAlpha / 2.0);
     double lower = ratio / f1;
     double upper = ratio * f2;
+    if (!st_IntervalHolds(ratio, ratio, lower, upper)) return IDS_INTERVAL_ERROR;
 
     for (CMultiFileItem* item : {&a, &b}) {
         item->m_dAverage = ratio;

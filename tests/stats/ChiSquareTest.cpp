@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
+#include <string>
 
 #include "stats/Distributions.h"
 
@@ -129,6 +131,49 @@ TEST(ChiSquareQuantile, InvertsTheTail) {
             st_ChiSquareUpperTail(df, st_ChiSquareQuantile(df, p), &tail);
             EXPECT_NEAR(tail, p, 1e-6) << "df " << df << " p " << p;
         }
+    }
+}
+
+// Above 10^4 df the tail comes from the incomplete gamma function instead of
+// the series of df/2 terms. The standard deviation interval prints its limits
+// sqrt((n - 1) v / q) with "%10.3g": over a grid of df up to 10^7 the limits
+// from either quantile print alike at scales spread over the mantissa, and
+// differ by far less than a printed digit. At 10^8 a series quantile costs
+// many seconds; there the series tail at the quantile bounds how far the
+// series' own root can lie (|tail - p| / density).
+std::string Printed(double v) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%10.3g", v);
+    return text;
+}
+
+void ExpectSameLimits(int df, double q, double reference, const char* what) {
+    EXPECT_NEAR(q, reference, 2e-8 * reference) << what << " df " << df;
+    for (double scale : {1.0, 1.2345, 3.14159, 9.995, 0.00777}) {
+        const double limit = scale * std::sqrt(df / q);
+        EXPECT_EQ(Printed(limit), Printed(scale * std::sqrt(df / reference))) << what << " df " << df;
+    }
+}
+
+TEST(ChiSquareQuantile, LargeDegreesPrintAsTheSeries) {
+    struct Case {
+        int df;
+        double alpha;
+    };
+    const Case grid[] = {{10001, 0.1},   {10001, 0.01},   {30000, 0.05},    {100001, 0.1},
+                         {100001, 0.01}, {1000000, 0.05}, {3000001, 0.01}, {10000000, 0.05}};
+    for (const Case& c : grid) {
+        for (double p : {c.alpha / 2.0, 1.0 - c.alpha / 2.0})
+            ExpectSameLimits(c.df, st_ChiSquareQuantile(c.df, p), st_ChiSquareQuantileBySeries(c.df, p), "series");
+    }
+    const int df = 100000000;
+    for (double p : {0.025, 0.975}) {
+        const double q = st_ChiSquareQuantile(df, p);
+        double tail;
+        const double density = st_ChiSquareTailSeries(df, q, &tail);
+        const double shift = std::fabs(tail - p) / density;
+        ExpectSameLimits(df, q, q + shift, "series root above");
+        ExpectSameLimits(df, q, q - shift, "series root below");
     }
 }
 

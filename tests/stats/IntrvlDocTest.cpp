@@ -112,11 +112,12 @@ TEST_F(IntrvlDocTest, LevelAsFractionOrPercentage) {
     EXPECT_NE(Report(percent).find("   0.950 C.I."), std::string::npos);
     EXPECT_EQ(percent.LegendPercent(), 95);
 
-    // "1" is a fraction (a 100% interval), "1.5" a percentage.
+    // "1" is a fraction (a 100% interval, whose limits are not finite: the
+    // message, not a result), "1.5" a percentage.
     CIntrvlDoc one, small;
     CIntrvlDlg d3 = MakeDialog({{a, "", "a.dat"}}, "1");
     CIntrvlDlg d4 = MakeDialog({{a, "", "a.dat"}}, "1.5");
-    one.InitFromDialog(d3);
+    EXPECT_EQ(one.InitFromDialog(d3), 15907);
     small.InitFromDialog(d4);
     EXPECT_EQ(one.m_dAlpha, 0.0);
     EXPECT_NEAR(small.m_dAlpha, 0.985, 1e-15);

@@ -99,6 +99,22 @@ TEST_F(VarDocTest, Report) {
               "\n");
 }
 
+// A file against itself at 20001 observations: ratio 1 inside
+// [1/F, F] with F(20000, 20000) at 0.025 = 1.02810661 (scipy.stats.f.isf(0.025,
+// 20000, 20000)). The F iteration alone came out below 1 here, so the
+// interval excluded 1 and the verdict rejected.
+TEST_F(VarDocTest, FileAgainstItselfAtLargeSample) {
+    std::vector<double> values;
+    for (int i = 0; i <= 20000; ++i) values.push_back(std::sin(0.7 * i) * 3.0);
+    std::string a = File("a.dat", values);
+    CVarDoc doc;
+    ASSERT_EQ(Compute(doc, {a, a}), 0);
+    EXPECT_NEAR(doc.PairA(0).m_dLower, 1.0 / 1.02810661, 1e-6);
+    EXPECT_NEAR(doc.PairA(0).m_dUpper, 1.02810661, 1e-6);
+    EXPECT_NE(Report(doc).find("          1      0.973%        1.03"), std::string::npos);
+    EXPECT_NE(Report(doc).find("FAIL TO REJECT"), std::string::npos);
+}
+
 TEST_F(VarDocTest, ConstantAndSingleObservationFiles) {
     std::string a = File("a.dat", {10, 12, 14, 16, 18});
     std::string k = File("k.dat", {3, 3, 3});

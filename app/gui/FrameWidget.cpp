@@ -1,0 +1,64 @@
+#include "FrameWidget.h"
+
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "GraphWidget.h"
+#include "ReportWidget.h"
+#include "framework/Frame.h"
+#include "framework/View.h"
+#include "graph/BaseWnd.h"
+#include "graph/GraphDoc.h"
+#include "report/TextView.h"
+
+FrameWidget::FrameWidget(std::unique_ptr<CDocFrame> frame, QWidget* parent)
+    : QWidget(parent), m_frame(std::move(frame)) {
+    std::vector<QWidget*> panes;
+    for (const auto& v : m_frame->Views()) {
+        if (auto* report = dynamic_cast<CTextView*>(v.get())) {
+            m_reports.push_back(new ReportWidget(report->GetText(), report->GetReportFont()));
+            panes.push_back(m_reports.back());
+        } else if (auto* view = dynamic_cast<CView*>(v.get())) {
+            m_graphs.push_back(new GraphWidget(*view));
+            panes.push_back(m_graphs.back());
+        }
+    }
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    if (panes.size() == 1) {
+        layout->addWidget(panes[0]);
+    } else if (!panes.empty()) {
+        m_splitter = new QSplitter(Qt::Vertical);
+        m_splitter->setChildrenCollapsible(false);
+        for (QWidget* pane : panes) m_splitter->addWidget(pane);
+        layout->addWidget(m_splitter);
+    }
+    setWindowTitle(Caption());
+}
+
+FrameWidget::~FrameWidget() {
+    // The panes look at the frame's views: they go first.
+    delete layout();
+    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+}
+
+QString FrameWidget::Caption() const { return QString::fromStdString(m_frame->GetWindowText()); }
+
+std::vector<GraphPane> FrameWidget::GraphPanes() const {
+    std::vector<GraphPane> panes;
+    for (GraphWidget* g : m_graphs) panes.push_back({&g->View(), g->size()});
+    return panes;
+}
+
+std::string FrameWidget::ReportText() const { return out_ReportText(*m_frame); }
+
+void FrameWidget::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    // The first pane's share is set once, when the window has its size; then it is the user's.
+    if (!m_splitter || m_splitSized || height() <= 0 || m_splitter->count() != 2) return;
+    m_splitSized = true;
+    int h = m_splitter->height() - m_splitter->handleWidth();
+    const auto* doc = dynamic_cast<const CGraphDoc*>(m_frame->GetActiveDocument());
+    int first = CBaseWndSplit::FirstPaneHeight(h, doc ? doc->m_nMinFirstPane : 0);
+    m_splitter->setSizes({first, h - first});
+}

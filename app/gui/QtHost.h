@@ -1,0 +1,47 @@
+// The desktop host of the core: its messages and questions in message boxes,
+// the progress of long work in a progress dialog, file choices in file
+// dialogs, and the document windows it opens handed to the main window.
+#pragma once
+
+#include <QPointer>
+#include <QProgressDialog>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+#include "framework/Host.h"
+
+class QWidget;
+
+class QtHost : public IHost {
+public:
+    QtHost() = default;
+    ~QtHost() override;
+
+    int ShowMessage(int id, const std::string& text, unsigned style) override;
+    int ShowCaptionedMessage(int id, const std::string& text, const std::string& caption, unsigned style) override;
+    void Progress(const char* what, double done, double total) override;
+    void ShowFrame(std::unique_ptr<CDocFrame> frame) override;
+    std::string AskOpenFileName(const std::string& defaultExt, const std::string& filter) override;
+
+    // Where the document windows go (the main window); without one they close at once.
+    void SetFrameSink(std::function<void(std::unique_ptr<CDocFrame>)> sink) { m_frameSink = std::move(sink); }
+    // The window that message boxes and dialogs belong to.
+    void SetParentWindow(QWidget* parent) { m_parent = parent; }
+
+    // True once the user cancelled the progress dialog of the work under way.
+    bool ProgressCancelled() const { return m_cancelled; }
+
+    // A file filter of the form "Name (*.a)|*.a|Other|*.b||" as a Qt file
+    // dialog takes it; "*.*" means every file.
+    static QString QtFileFilter(const std::string& filter);
+
+private:
+    QWidget* Parent() const;
+
+    QPointer<QWidget> m_parent;
+    std::function<void(std::unique_ptr<CDocFrame>)> m_frameSink;
+    std::unique_ptr<QProgressDialog> m_progress;
+    bool m_cancelled = false;
+};

@@ -1,0 +1,59 @@
+// oproc-gui: the desktop program. Starts the core, opens the data groups
+// named on the command line and runs the main window.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QTimer>
+
+#include <cstdio>
+
+#include "AppIcon.h"
+#include "MainWindow.h"
+#include "QtHost.h"
+#include "framework/DocTemplate.h"
+#include "group/Startup.h"
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("oproc"));
+    QApplication::setApplicationName(QStringLiteral("oproc-gui"));
+    QApplication::setApplicationDisplayName(QStringLiteral("oproc"));
+    QApplication::setApplicationVersion(QStringLiteral("0.1"));
+    QApplication::setDesktopFileName(QStringLiteral("oproc-gui"));
+    QApplication::setWindowIcon(gui_AppIcon());
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("oproc: output processor for discrete-event simulation."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("GROUP"), QStringLiteral("Data groups (.dgr) to open"), QStringLiteral("[GROUP...]"));
+    QCommandLineOption screenshot(QStringLiteral("screenshot"),
+                                  QStringLiteral("Save PNG pictures of the window and its menus into DIR, then quit"),
+                                  QStringLiteral("DIR"));
+    parser.addOption(screenshot);
+    parser.process(app);
+
+    CWinApp core;
+    InitOutputProcessor2(&core);
+    QtHost host;
+    ScopedHost scope(&host);
+    int status = 0;
+    {
+        MainWindow window;
+        host.SetParentWindow(&window);
+        host.SetFrameSink([&window](std::unique_ptr<CDocFrame> frame) { window.AddFrame(std::move(frame)); });
+        if (parser.isSet(screenshot)) window.resize(1100, 720);
+        window.show();
+        for (const QString& path : parser.positionalArguments()) window.OpenGroup(path);
+        if (parser.isSet(screenshot)) {
+            QString folder = parser.value(screenshot);
+            QTimer::singleShot(300, &window, [&window, folder] {
+                if (!window.SaveScreenshots(folder)) std::fprintf(stderr, "oproc-gui: cannot save screenshots\n");
+                QApplication::quit();
+            });
+        }
+        status = QApplication::exec();
+        host.SetFrameSink(nullptr);
+    }
+    ShutdownOutputProcessor();
+    return status;
+}
