@@ -1,5 +1,7 @@
 #include <cmath>
 
+#include "framework/Messages.h"
+#include "stats/IntervalCheck.h"
 #include "stats/Moments.h"
 #include "stats/OnewayResult.h"
 
@@ -25,12 +27,23 @@ int oneway_Analyse(const std::vector<CMoments>& sums, OnewayResult* result) {
     }
     if (int rc = oneway_Table(groups, r.alpha, &r.table)) return rc;
 
+    // An interval from a critical value that failed is never a result.
+    const double spread = r.table.msWithin;
     for (int method : oneway_Methods(r)) {
-        std::vector<OnewayComparison> pairs = oneway_Compare(groups, r.table, r.alpha, method);
-        r.comparisons.insert(r.comparisons.end(), pairs.begin(), pairs.end());
+        for (const OnewayComparison& c : oneway_Compare(groups, r.table, r.alpha, method)) {
+            if (!st_IntervalHolds(c.difference, spread, c.lower, c.upper)) {
+                r.comparisons.clear();
+                return IDS_INTERVAL_ERROR;
+            }
+            r.comparisons.push_back(c);
+        }
     }
     for (OnewayGroupResult& g : r.groups) {
         g.halfWidth = oneway_MeanHalfWidth(g.stats, r.table, r.alpha, r.unequalVariances);
+        if (!st_IntervalHolds(g.stats.mean, spread, g.stats.mean - g.halfWidth, g.stats.mean + g.halfWidth)) {
+            r.comparisons.clear();
+            return IDS_INTERVAL_ERROR;
+        }
         r.graphLow = std::fmin(r.graphLow, g.stats.mean - g.halfWidth);
         r.graphHigh = std::fmax(r.graphHigh, g.stats.mean + g.halfWidth);
     }
