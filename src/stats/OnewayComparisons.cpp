@@ -15,6 +15,8 @@
 // the table lacks is computed from the distribution.
 #include <climits>
 #include <cmath>
+#include <map>
+#include <utility>
 
 #include "stats/Distributions.h"
 #include "stats/Oneway.h"
@@ -79,6 +81,9 @@ std::vector<OnewayComparison> oneway_Compare(const std::vector<OnewayGroup>& gro
         factor = st_TQuantile(df, alpha / (2.0 * pairs));
     }
 
+    // Games-Howell pairs often share their truncated df; a computed point
+    // costs some thousand range integrals.
+    std::map<long, std::pair<double, bool>> points;
     for (int i = 0; i < k; ++i) {
         for (int j = i + 1; j < k; ++j) {
             const OnewayGroup& a = groups[i];
@@ -100,8 +105,14 @@ std::vector<OnewayComparison> oneway_Compare(const std::vector<OnewayGroup>& gro
             const double dfExact = v * v / (va * va / (a.n - 1.0) + vb * vb / (b.n - 1.0));
             // NaN only when both samples are constant, which Welch's test refuses.
             const long dfPair = !(dfExact >= 1.0) ? 1 : dfExact >= INT_MAX ? INT_MAX : static_cast<long>(dfExact);
-            bool pairFromTable = false;
-            const double qPair = oneway_RangePoint(k, dfPair, alpha, &pairFromTable);
+            auto known = points.find(dfPair);
+            if (known == points.end()) {
+                bool table = false;
+                const double point = oneway_RangePoint(k, dfPair, alpha, &table);
+                known = points.emplace(dfPair, std::make_pair(point, table)).first;
+            }
+            const double qPair = known->second.first;
+            const bool pairFromTable = known->second.second;
             OnewayComparison c = Interval(method, i, j, difference, qPair / std::sqrt(2.0) * std::sqrt(v));
             c.critical = qPair / std::sqrt(2.0);
             c.q = qPair;
