@@ -30,7 +30,7 @@ void RunBatching(benchmark::State& state, const std::string& path, int batchUnit
             state.SkipWithError("computation failed");
             break;
         }
-        benchmark::DoNotOptimize(doc.covEstimate);
+        benchmark::DoNotOptimize(doc.Results().covEstimate);
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }

@@ -59,7 +59,7 @@ void Correlogram(benchmark::State& state, std::optional<CLagProducts::Method> me
         doc.m_nMaxLags = static_cast<int>(state.range(0));
         doc.m_forceMethod = method;
         if (doc.Compute() != 0) state.SkipWithError("correlogram failed");
-        benchmark::DoNotOptimize(doc.m_dWeightedSum);
+        benchmark::DoNotOptimize(doc.Results().weightedSum);
     }
     state.SetItemsProcessed(state.iterations() * 10'000'000);
 }

@@ -19,7 +19,7 @@ void RunAnalysis(benchmark::State& state, const std::string& path, const char* r
         Doc doc;
         const int rc = doc.InitFromDialog(dlg);
         if (rc) state.SkipWithError("analysis failed");
-        benchmark::DoNotOptimize(doc.m_items.data());
+        benchmark::DoNotOptimize(doc.Results().rows.data());
     }
     state.SetItemsProcessed(state.iterations() * records);
 }

@@ -5,8 +5,9 @@
 #include <cstdio>
 #include <iostream>
 
-#include "framework/Dialog.h"
+#include "GraphOutput.h"
 #include "framework/Frame.h"
+#include "graph/FramePanes.h"
 #include "report/TextView.h"
 
 CliHost::CliHost(std::ostream& err) : CliHost(std::cout, err) {}
@@ -14,15 +15,12 @@ CliHost::CliHost(std::ostream& err) : CliHost(std::cout, err) {}
 CliHost::CliHost(std::ostream& out, std::ostream& err)
     : m_out(&out), m_err(&err), m_terminal(::isatty(STDERR_FILENO) != 0) {}
 
-int CliHost::RunDialog(CDialog& dlg) {
-    if (!m_filler || !m_filler(dlg)) return IDCANCEL;
-    return dlg_ValidateOnOK(dlg) == 0 ? IDOK : IDCANCEL;
-}
+int CliHost::RunDialog(CDialog&) { return IDCANCEL; }
 
 void CliHost::ShowFrame(std::unique_ptr<CDocFrame> frame) {
-    if (m_frameHandler) return m_frameHandler(*frame, *m_out);
     for (const auto& v : frame->Views())
         if (const auto* text = dynamic_cast<const CTextView*>(v.get())) *m_out << text->GetText();
+    if (m_svg && !m_svg->path.empty()) frame_WriteSvg(*frame, m_svg->width, m_svg->height, m_svg->path);
 }
 
 int CliHost::ShowMessage(int, const std::string& text, unsigned style) {

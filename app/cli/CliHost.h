@@ -1,15 +1,15 @@
 // The terminal host: messages go to stderr (and make the exit status 1),
-// progress of long work is shown on stderr when it is a terminal. Nobody can
-// fill in a dialog here, so the command being run fills it from its command
-// line; a document window is "shown" by printing its reports.
+// progress of long work is shown on stderr when it is a terminal. A document
+// window is "shown" by printing its reports and, when the command was given
+// --svg, by drawing its graphs into that file.
 #pragma once
 
-#include <functional>
 #include <iosfwd>
 
 #include "framework/Host.h"
 
 class CDocFrame;
+struct SvgOptions;
 
 class CliHost : public IHost {
 public:
@@ -17,16 +17,12 @@ public:
     CliHost(std::ostream& out, std::ostream& err);
     int ShowMessage(int id, const std::string& text, unsigned style) override;
     void Progress(const char* what, double done, double total) override;
-    // Fills the dialog with the command line's values, then validates it as
-    // pressing OK would; a failed check is shown and cancels.
+    // Nobody can fill in a dialog here: without a filler it is cancelled.
     int RunDialog(CDialog& dlg) override;
-    // Prints the report views of the window (or hands it to the command's handler).
     void ShowFrame(std::unique_ptr<CDocFrame> frame) override;
 
-    // The command's way of filling its dialog; false cancels.
-    void SetDialogFiller(std::function<bool(CDialog&)> filler) { m_filler = std::move(filler); }
-    // Replaces the printing of reports for the command being run (for graphs).
-    void SetFrameHandler(std::function<void(CDocFrame&, std::ostream&)> handler) { m_frameHandler = std::move(handler); }
+    // Where the graphs of the windows shown go (--svg, --size); null: nowhere.
+    void SetSvgOutput(const SvgOptions* svg) { m_svg = svg; }
 
     bool MessageShown() const { return m_shown; }
     void Reset() { m_shown = false; }
@@ -37,9 +33,11 @@ private:
     bool m_shown = false;
     bool m_terminal;
     int m_lastPercent = -1;
-    std::function<bool(CDialog&)> m_filler;
-    std::function<void(CDocFrame&, std::ostream&)> m_frameHandler;
+    const SvgOptions* m_svg = nullptr;
 };
 
-// The host installed by cli_Run for the command being run.
+class CSession;
+
+// The host and the session cli_Run made for the command being run.
 CliHost& cli_Host();
+CSession& cli_Session();

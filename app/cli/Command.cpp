@@ -5,8 +5,7 @@
 
 #include "CliHost.h"
 #include "framework/Config.h"
-#include "framework/DocTemplate.h"
-#include "group/Startup.h"
+#include "group/Session.h"
 
 namespace {
 
@@ -21,6 +20,7 @@ std::vector<DemoStep>& Steps() {
 }
 
 CliHost* g_host = nullptr;
+CSession* g_session = nullptr;
 
 }  // namespace
 
@@ -43,6 +43,8 @@ std::vector<DemoStep> cli_DemoSteps() {
 }
 
 CliHost& cli_Host() { return *g_host; }
+
+CSession& cli_Session() { return *g_session; }
 
 int cli_Status(int rc) { return (rc != 0 || (g_host && g_host->MessageShown())) ? 1 : 0; }
 
@@ -68,13 +70,13 @@ int cli_Run(const std::vector<std::string>& args, CliIO& io) {
     }
 
     CliHost host(io.out, io.err);
-    CliHost* previousCli = g_host;
-    g_host = &host;
-    ScopedHost scope(&host);
     // Each command line is one run of the application: its templates, and
     // dialogs that start empty.
-    CWinApp application;
-    InitOutputProcessor2(&application);
+    CSession session(host);
+    CliHost* previousCli = g_host;
+    CSession* previousSession = g_session;
+    g_host = &host;
+    g_session = &session;
     int previousPrecision = cfg_GetDoublePrecOutput();
     if (single) cfg_SetDoublePrecOutput(0);
 
@@ -86,8 +88,8 @@ int cli_Run(const std::vector<std::string>& args, CliIO& io) {
         io.err << e.what() << std::endl;
         status = 2;
     }
-    ShutdownOutputProcessor();
     cfg_SetDoublePrecOutput(previousPrecision);
     g_host = previousCli;
+    g_session = previousSession;
     return status;
 }

@@ -50,8 +50,9 @@ void FillPairs(CBasePairsDlg& dlg, const Options& o, const std::vector<FileArg>&
     dlg.m_strLevel = o.level;
     dlg.m_strTitle = o.title;
     dlg.m_bScale = o.scale;
-    dlg.m_items.clear();
-    for (const FileArg& f : files) dlg.AddFile(f.path, f.reps);
+    dlg.m_pairs.clear();
+    for (std::size_t i = 0; i + 1 < files.size(); i += 2)
+        dlg.AddPair({files[i].path, files[i].reps}, {files[i + 1].path, files[i + 1].reps});
 }
 
 CLI::App* SetupCompare(CLI::App& app) {
@@ -66,7 +67,7 @@ CLI::App* SetupCompare(CLI::App& app) {
 
 int RunCompare(CliIO&) {
     std::vector<FileArg> files = PairFiles(g_compare);
-    cli_Host().SetFrameHandler(cli_SvgFrame(g_compare.svg));
+    cli_Host().SetSvgOutput(&g_compare.svg);
     return cli_RunEntry<CComprDlg>(g_OnComparison, g_compare.group, [&](CComprDlg& dlg) {
         FillPairs(dlg, g_compare, files);
         dlg.m_nMethod = g_compare.method == "two-sample" ? CComprDlg::METHOD_TWO_SAMPLE : CComprDlg::METHOD_PAIRED;
@@ -82,7 +83,7 @@ CLI::App* SetupVartest(CLI::App& app) {
 
 int RunVartest(CliIO&) {
     std::vector<FileArg> files = PairFiles(g_vartest);
-    cli_Host().SetFrameHandler(cli_SvgFrame(g_vartest.svg));
+    cli_Host().SetSvgOutput(&g_vartest.svg);
     return cli_RunEntry<CVarDlg>(g_OnVartest, g_vartest.group,
                                  [&](CVarDlg& dlg) { FillPairs(dlg, g_vartest, files); });
 }

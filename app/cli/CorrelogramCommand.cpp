@@ -37,7 +37,7 @@ CLI::App* Setup(CLI::App& app) {
 // as in the desktop program, the ".cor" of an output name included.
 int Run(CliIO&) {
     std::string file = g_opt.group.Resolve(g_opt.file);
-    cli_Host().SetFrameHandler(cli_SvgFrame(g_opt.svg));
+    cli_Host().SetSvgOutput(&g_opt.svg);
     return cli_RunEntry<CCorrDlg>(g_OnCorrelogram, g_opt.group, [&](CCorrDlg& dlg) {
         dlg.m_strFile = file;
         dlg.m_strReps = g_opt.reps;

@@ -3,24 +3,14 @@
 #include <charconv>
 #include <filesystem>
 
-#include "framework/Host.h"
-#include "framework/Messages.h"
 #include "group/OutputDoc.h"
-#include "group/OutputView.h"
 
 namespace fs = std::filesystem;
-
-CliGroup::CliGroup() = default;
-CliGroup::~CliGroup() = default;
-CliGroup::CliGroup(CliGroup&&) noexcept = default;
-CliGroup& CliGroup::operator=(CliGroup&&) noexcept = default;
 
 void CliGroup::AddOption(CLI::App* sub) {
     m_path.clear();
     m_opened = false;
     m_openResult = 0;
-    m_view.reset();
-    m_doc.reset();
     m_files.clear();
     sub->add_option("--group", m_path, "Data group (.dgr) to start from; then #N names its Nth file");
 }
@@ -28,31 +18,14 @@ void CliGroup::AddOption(CLI::App* sub) {
 int CliGroup::Open() {
     if (m_opened) return m_openResult;
     m_opened = true;
-    m_openResult = Read();
-    return m_openResult;
-}
-
-int CliGroup::Read() {
-    m_doc = std::make_unique<COutputDoc>();
-    m_view = std::make_unique<COutputView>(m_doc.get());
-    if (m_path.empty()) {
-        m_doc->OnNewDocument();
-    } else {
+    CSession& session = cli_Session();
+    m_openResult = session.OpenGroup(m_path);
+    if (m_openResult == 0 && Given()) {
         std::error_code ec;
-        if (!fs::is_regular_file(m_path, ec)) {
-            AfxMessageBox(IDS_FILE_NOT_FOUND);
-            return IDS_FILE_NOT_FOUND;
-        }
-        fs::path shellDir = fs::current_path(ec);
-        bool ok = m_doc->OnOpenDocument(m_path.c_str());
-        // Relative paths inside the group resolve against its folder, current now.
-        for (int i = 0; ok && i < m_doc->GetItemCount(); ++i)
-            m_files.push_back(fs::absolute(m_doc->GetItem(i)->m_strPath, ec).lexically_normal().string());
-        fs::current_path(shellDir, ec);
-        if (!ok) return IDS_BAD_FORMAT;
+        for (int i = 0; i < session.Group().GetItemCount(); ++i)
+            m_files.push_back(fs::absolute(session.Group().ItemPath(i), ec).lexically_normal().string());
     }
-    m_view->OnUpdate();
-    return 0;
+    return m_openResult;
 }
 
 std::string CliGroup::Resolve(const std::string& arg) {

@@ -2,7 +2,7 @@
 // from, as the desktop program starts every analysis from a group's window.
 // With it a file argument may be written #N (or #N@REPS) for the group's Nth
 // file. Paths typed on the command line keep meaning what they mean in the
-// shell: the group's folder is current only while the group is read.
+// shell; the group's own relative paths lead from its folder.
 //
 // An analysis command runs through its command entry like this:
 //
@@ -15,8 +15,6 @@
 //     }
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -24,29 +22,20 @@
 #include "CliHost.h"
 #include "Command.h"
 #include "FileArgs.h"
-#include "framework/Dialog.h"
+#include "group/Session.h"
 
-class COutputDoc;
 class COutputView;
 
 class CliGroup {
 public:
-    CliGroup();
-    ~CliGroup();
-    // Movable, so that a command's options can be reset as a whole.
-    CliGroup(CliGroup&&) noexcept;
-    CliGroup& operator=(CliGroup&&) noexcept;
-
     // Adds --group to sub and forgets an earlier value and group.
     void AddOption(CLI::App* sub);
     bool Given() const { return !m_path.empty(); }
 
-    // Reads the group named by --group, or makes an empty one without it; a
-    // second call only repeats the first one's result. 0 or the id of the
-    // message shown.
+    // Opens the group named by --group in the session, or an empty one
+    // without it; a second call only repeats the first one's result. 0 or the
+    // id of the message shown.
     int Open();
-    // The group's view; the command entries take it. Open first.
-    COutputView* View() const { return m_view.get(); }
 
     // The path a file argument names: #N is the group's Nth file (from 1);
     // anything else is returned as it is. Opens the group when needed. Throws
@@ -58,25 +47,21 @@ public:
     std::vector<FileArg> ParseFileArgs(const std::vector<std::string>& args);
 
 private:
-    int Read();
-
     std::string m_path;
     bool m_opened = false;
     int m_openResult = 0;
-    std::unique_ptr<COutputDoc> m_doc;
-    std::unique_ptr<COutputView> m_view;
     std::vector<std::string> m_files;  // the items' paths, absolute
 };
 
-// Runs an analysis through its command entry with the group's view: the
-// terminal host fills the entry's dialog (which must be a Dlg) with fill,
-// validates it as OK would, and prints the report of the window the entry
-// opens. fill may return bool: false cancels the dialog (show why first).
-// Returns the exit status.
+// Runs an analysis through its command entry with the group's view: fill
+// fills the entry's dialog (which must be a Dlg), which is then validated as
+// OK would, and the report of the window the entry opens is printed. fill may
+// return bool: false cancels the dialog (show why first). Returns the exit
+// status.
 template <class Dlg, class Fill>
 int cli_RunEntry(int (*entry)(COutputView*), CliGroup& group, Fill fill) {
     if (int rc = group.Open()) return cli_Status(rc);
-    cli_Host().SetDialogFiller([&fill](CDialog& d) {
+    int rc = cli_Session().RunCommand(entry, [&fill](CDialog& d) {
         auto* dlg = dynamic_cast<Dlg*>(&d);
         if (!dlg) return false;
         if constexpr (std::is_same_v<decltype(fill(*dlg)), bool>)
@@ -85,7 +70,5 @@ int cli_RunEntry(int (*entry)(COutputView*), CliGroup& group, Fill fill) {
             fill(*dlg);
         return true;
     });
-    int rc = entry(group.View());
-    cli_Host().SetDialogFiller(nullptr);
     return cli_Status(rc);
 }

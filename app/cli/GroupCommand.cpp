@@ -5,11 +5,13 @@
 #include <ostream>
 #include <set>
 
+#include "CliHost.h"
 #include "Command.h"
 #include "framework/Host.h"
 #include "framework/Messages.h"
 #include "group/OutputDoc.h"
 #include "group/OutputView.h"
+#include "group/Session.h"
 
 namespace fs = std::filesystem;
 
@@ -56,20 +58,11 @@ CLI::App* Setup(CLI::App& app) {
     return sub;
 }
 
-// Puts the shell's current directory back: opening a group makes its folder current.
-class ShellDir {
-public:
-    ShellDir() : m_dir(fs::current_path(m_ec)) {}
-    ~ShellDir() {
-        if (!m_ec) fs::current_path(m_dir, m_ec);
-    }
-    // A command-line path as the shell means it.
-    std::string Absolute(const std::string& path) const { return (m_dir / path).lexically_normal().string(); }
-
-private:
-    std::error_code m_ec;
-    fs::path m_dir;
-};
+// A command-line path as the shell means it, whole.
+std::string Absolute(const std::string& path) {
+    std::error_code ec;
+    return fs::absolute(path, ec).lexically_normal().string();
+}
 
 std::string GroupPath(const std::string& name) {
     fs::path p(name);
@@ -97,26 +90,14 @@ int New(CliIO&) {
     return cli_Status(doc.OnSaveDocument(path.c_str()) ? 0 : IDS_FAILED_TO_SAVE_DOC);
 }
 
-// Opens the group for a change; the shell's paths are fixed before the
-// group's folder becomes current.
-bool OpenGroup(COutputDoc& doc, const std::string& path) {
-    std::error_code ec;
-    if (!fs::is_regular_file(path, ec)) {
-        AfxMessageBox(IDS_FILE_NOT_FOUND);
-        return false;
-    }
-    return doc.OnOpenDocument(path.c_str());
-}
-
 int Add(CliIO& io) {
-    ShellDir shell;
-    std::string path = shell.Absolute(GroupPath(g_opt.group));
+    std::string path = Absolute(GroupPath(g_opt.group));
     std::vector<std::string> files;
-    for (const std::string& f : g_opt.files) files.push_back(shell.Absolute(f));
-    COutputDoc doc;
-    if (!OpenGroup(doc, path)) return cli_Status(0);
-    COutputView view(&doc);
-    view.OnUpdate();
+    for (const std::string& f : g_opt.files) files.push_back(Absolute(f));
+    CSession& session = cli_Session();
+    if (session.OpenGroup(path)) return cli_Status(0);
+    COutputDoc& doc = session.Group();
+    COutputView& view = session.GroupView();
     for (const std::string& f : files) {
         std::error_code ec;
         // What a file-open dialog would offer: existing files only.
@@ -132,10 +113,10 @@ int Add(CliIO& io) {
 }
 
 int Remove(CliIO& io) {
-    ShellDir shell;
-    std::string path = shell.Absolute(GroupPath(g_opt.group));
-    COutputDoc doc;
-    if (!OpenGroup(doc, path)) return cli_Status(0);
+    std::string path = Absolute(GroupPath(g_opt.group));
+    CSession& session = cli_Session();
+    if (session.OpenGroup(path)) return cli_Status(0);
+    COutputDoc& doc = session.Group();
     std::set<int> doomed(g_opt.indexes.begin(), g_opt.indexes.end());
     for (int n : doomed)
         if (n > doc.GetItemCount())
@@ -144,20 +125,17 @@ int Remove(CliIO& io) {
     // From the back, so that the numbers keep naming the files the user saw.
     for (auto it = doomed.rbegin(); it != doomed.rend(); ++it) doc.RemoveItem(*it - 1);
     if (!doc.OnSaveDocument(path.c_str())) return cli_Status(0);
-    COutputView view(&doc);
-    view.OnUpdate();
-    PrintList(view, io.out);
+    session.GroupView().OnUpdate();
+    PrintList(session.GroupView(), io.out);
     return cli_Status(0);
 }
 
 int List(CliIO& io) {
-    ShellDir shell;
-    std::string path = shell.Absolute(GroupPath(g_opt.group));
-    COutputDoc doc;
-    if (!OpenGroup(doc, path)) return cli_Status(0);
-    COutputView view(&doc);
-    view.OnInitialUpdate();
-    PrintList(view, io.out);
+    std::string path = Absolute(GroupPath(g_opt.group));
+    CSession& session = cli_Session();
+    if (session.OpenGroup(path)) return cli_Status(0);
+    session.GroupView().OnInitialUpdate();
+    PrintList(session.GroupView(), io.out);
     return cli_Status(0);
 }
 

@@ -51,7 +51,7 @@ void FillDialog(CIntrvlDlg& dlg, const Options& opt, const std::vector<FileArg>&
 template <class Dlg>
 int RunAnalysis(int (*entry)(COutputView*), Options& opt) {
     std::vector<FileArg> files = opt.group.ParseFileArgs(opt.files);
-    cli_Host().SetFrameHandler(cli_SvgFrame(opt.svg));
+    cli_Host().SetSvgOutput(&opt.svg);
     return cli_RunEntry<Dlg>(entry, opt.group, [&](Dlg& dlg) { FillDialog(dlg, opt, files); });
 }
 

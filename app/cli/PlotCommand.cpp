@@ -44,7 +44,7 @@ CLI::App* Setup(CLI::App& app) {
 // window, graph above legend, and the SVG is drawn from it.
 int Run(CliIO&) {
     std::vector<FileArg> files = g_opt.group.ParseFileArgs(g_opt.files);
-    cli_Host().SetFrameHandler(cli_SvgFrame(g_opt.svg));
+    cli_Host().SetSvgOutput(&g_opt.svg);
     return cli_RunEntry<CPlotDlg>(g_OnPlot, g_opt.group, [&](CPlotDlg& dlg) {
         dlg.m_items.clear();
         for (const FileArg& f : files) dlg.AddFile(f.path, f.reps);

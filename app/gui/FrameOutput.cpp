@@ -13,8 +13,7 @@
 #include "framework/SafeOutput.h"
 #include "framework/SvgDC.h"
 #include "framework/View.h"
-#include "graph/BaseWnd.h"
-#include "graph/GraphDoc.h"
+#include "graph/FramePanes.h"
 #include "report/TextView.h"
 
 namespace {
@@ -31,16 +30,9 @@ void ShowLater(const GraphWidget::Messages& messages) {
 }  // namespace
 
 std::vector<GraphPane> out_GraphPanes(const CDocFrame& frame, QSize size) {
-    std::vector<CView*> graphs;
-    for (const auto& v : frame.Views())
-        if (auto* view = dynamic_cast<CView*>(v.get())) graphs.push_back(view);
     std::vector<GraphPane> panes;
-    if (graphs.empty()) return panes;
-    if (graphs.size() == 1) return {{graphs[0], size}};
-    const auto* doc = dynamic_cast<const CGraphDoc*>(frame.GetActiveDocument());
-    int first = CBaseWndSplit::FirstPaneHeight(size.height(), doc ? doc->m_nMinFirstPane : 0);
-    panes.push_back({graphs[0], QSize(size.width(), first)});
-    panes.push_back({graphs[1], QSize(size.width(), size.height() - first)});
+    for (const FramePane& p : frame_Panes(frame, size.width(), size.height(), true))
+        panes.push_back({static_cast<CView*>(p.view), QSize(p.rect.Width(), p.rect.Height())});
     return panes;
 }
 

@@ -139,9 +139,8 @@ void GroupWindow::RemoveSelected() {
 void GroupWindow::ShowInfo(int row) {
     const CDGItem* item = m_doc.GetItem(row);
     if (!item) return;
-    EnterFolder();
     std::string text;
-    if (int rc = op_DescribeDataFile(item->m_strPath, text)) {
+    if (int rc = op_DescribeDataFile(m_doc.ItemPath(row), text)) {
         AfxMessageBox(rc);
         return;
     }
@@ -161,13 +160,8 @@ void GroupWindow::ShowInfo(int row) {
 }
 
 void GroupWindow::Refresh() {
-    EnterFolder();
     m_view.OnInitialUpdate();
     Reload();
-}
-
-void GroupWindow::EnterFolder() const {
-    if (!m_doc.GetPathName().empty()) QDir::setCurrent(QFileInfo(Path()).absolutePath());
 }
 
 void GroupWindow::Reload() {
@@ -187,10 +181,9 @@ void GroupWindow::UpdateCaption() {
 
 void GroupWindow::WatchFiles() {
     if (!m_watcher.files().isEmpty()) m_watcher.removePaths(m_watcher.files());
-    QDir folder = Path().isEmpty() ? QDir::current() : QFileInfo(Path()).absoluteDir();
     QStringList paths;
     for (int i = 0; i < m_doc.GetItemCount(); ++i) {
-        QString path = folder.absoluteFilePath(Q(m_doc.GetItem(i)->m_strPath));
+        QString path = QFileInfo(Q(m_doc.ItemPath(i))).absoluteFilePath();
         if (QFileInfo::exists(path)) paths << path;
     }
     if (!paths.isEmpty()) m_watcher.addPaths(paths);

@@ -58,8 +58,6 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    // Relative paths in a group name files beside the group file.
-    void EnterFolder() const;
     void Reload();
     void UpdateCaption();
     void WatchFiles();

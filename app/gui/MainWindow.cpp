@@ -33,6 +33,7 @@
 #include "GroupWindow.h"
 #include "framework/Frame.h"
 #include "framework/Messages.h"
+#include "group/CommandTable.h"
 #include "group/Commands.h"
 
 namespace {

@@ -9,8 +9,7 @@
 #include "AppIcon.h"
 #include "MainWindow.h"
 #include "QtHost.h"
-#include "framework/DocTemplate.h"
-#include "group/Startup.h"
+#include "group/Session.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -32,10 +31,8 @@ int main(int argc, char** argv) {
     parser.addOption(screenshot);
     parser.process(app);
 
-    CWinApp core;
-    InitOutputProcessor2(&core);
     QtHost host;
-    ScopedHost scope(&host);
+    CSession session(host);
     int status = 0;
     {
         MainWindow window;
@@ -54,6 +51,5 @@ int main(int argc, char** argv) {
         status = QApplication::exec();
         host.SetFrameSink(nullptr);
     }
-    ShutdownOutputProcessor();
     return status;
 }

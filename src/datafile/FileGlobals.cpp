@@ -1,7 +1,6 @@
 #include "datafile/FileGlobals.h"
 
 int NO_RESYNC = 1;
-double g_WorkTable[MAX_POINTS];
 
 void op_InitFileGlobals() { NO_RESYNC = 1; }
 

@@ -38,9 +38,6 @@ inline constexpr int SPARE_INT_4 = 10;
 // it is a variable only so that the skip itself can be exercised.
 extern int NO_RESYNC;
 
-// Module-wide work table shared by analyses for their graph points.
-extern double g_WorkTable[MAX_POINTS];
-
 // Sets the layer's globals; called once at module start-up.
 void op_InitFileGlobals();
 

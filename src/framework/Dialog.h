@@ -7,6 +7,24 @@
 
 #include "framework/Object.h"
 
+// The controls of the parameter dialogs that can take the focus after a failed
+// check; a host maps them onto its own widgets.
+enum class DlgControl {
+    None,          // the focus stays where it was
+    FileList,      // the list of data files (or of pairs)
+    Level,         // the confidence level
+    DataFile,      // the single data file
+    Replications,  // its replication treatment
+    OutputFile,
+    MaxLags,
+    Truncation,    // Batch/Truncate: initial observations or time
+    BatchSize,
+    BeginTime,     // Plot: the time window and value range
+    EndTime,
+    MinValue,
+    MaxValue,
+};
+
 class CDialog : public CObject {
 public:
     // The framework's field exchange that precedes validation: typed fields
@@ -18,17 +36,17 @@ public:
     // failingIndex receives the row at fault; it may be null.
     virtual int Validate(int* failingIndex) = 0;
 
-    // Control that takes the focus after the last failed Validate; empty when none.
-    const std::string& FocusControl() const { return m_focus; }
+    // Control that takes the focus after the last failed Validate.
+    DlgControl FocusControl() const { return m_focus; }
 
     // Runs the dialog through the host; IDOK or IDCANCEL.
     int DoModal();
 
 protected:
-    void SetFocusControl(std::string control) { m_focus = std::move(control); }
+    void SetFocusControl(DlgControl control) { m_focus = control; }
 
 private:
-    std::string m_focus;
+    DlgControl m_focus = DlgControl::None;
 };
 
 // What pressing OK does: exchanges the fields, then validates; a failure shows

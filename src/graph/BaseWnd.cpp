@@ -2,7 +2,6 @@
 
 #include "framework/Document.h"
 #include "framework/Messages.h"
-#include "graph/GraphDoc.h"
 
 void CBaseWnd::SetFrameCaption(int stringId, bool appendDocumentTitle) {
     m_strBaseCaption = msg_Text(stringId);
@@ -22,22 +21,4 @@ int CBaseWndSplit::FirstPaneHeight(int clientHeight, int minFirstPane) {
     int first = static_cast<int>(0.4 * clientHeight);
     if (clientHeight >= minFirstPane && first < minFirstPane) first = minFirstPane;
     return first;
-}
-
-bool CBaseWndSplit::OnCreateClient(const CRect& client, std::unique_ptr<CView> (*firstView)(), CGraphDoc& doc,
-                                   SplitPanes* panes) {
-    int w = client.Width();
-    int h = client.Height();
-    int first = FirstPaneHeight(h, doc.m_nMinFirstPane);
-    if (!firstView || !doc.m_pSecondView) return false;
-    panes->firstView = firstView();
-    panes->secondView = doc.m_pSecondView();
-    if (!panes->firstView || !panes->secondView) return false;
-    panes->first = CRect{0, 0, w, first};
-    panes->second = CRect{0, 0, w, h - first};
-    panes->firstView->SetDocument(&doc);
-    panes->secondView->SetDocument(&doc);
-    panes->firstView->SetClientRect(panes->first);
-    panes->secondView->SetClientRect(panes->second);
-    return true;
 }

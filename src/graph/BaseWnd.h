@@ -10,7 +10,6 @@
 #include "framework/View.h"
 
 class CDocument;
-class CGraphDoc;
 
 class CBaseWnd : public CObject {
 public:
@@ -33,19 +32,9 @@ protected:
     std::string m_strCaption;
 };
 
-// The two panes of a split frame, top to bottom.
-struct SplitPanes {
-    CRect first;
-    CRect second;
-    std::unique_ptr<CView> firstView;
-    std::unique_ptr<CView> secondView;
-};
-
+// A split frame: the graph above the second view (frame_Panes lays them out).
 class CBaseWndSplit : public CBaseWnd {
 public:
     // 40 % of the height, raised to the document's minimum when the frame is tall enough for it.
     static int FirstPaneHeight(int clientHeight, int minFirstPane);
-    // Creates both panes for a client area: the template's view above, the
-    // document's second view below. False when a view cannot be made.
-    bool OnCreateClient(const CRect& client, std::unique_ptr<CView> (*firstView)(), CGraphDoc& doc, SplitPanes* panes);
 };

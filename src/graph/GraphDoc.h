@@ -7,9 +7,6 @@
 
 #include "datafile/SingleDoc.h"
 
-class CView;
-using ViewFactory = std::unique_ptr<CView> (*)();
-
 class CGraphDoc : public CSingleDoc {
 public:
     // Bounds from the data where the dialog left them open, then the points.
@@ -36,9 +33,8 @@ public:
     std::vector<double> m_yValues;
     long m_nPoints = 0;
 
-    // For a split frame: the first pane's least height and the second view.
+    // For a split frame: the first pane's least height.
     int m_nMinFirstPane = 0;
-    ViewFactory m_pSecondView = nullptr;
 
 protected:
     // Fills open bounds from the data (flag -1); the plot scans all its files.

@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <cstring>
 
-#include "datafile/FileGlobals.h"
 #include "graph/BaseView.h"
 #include "framework/Messages.h"
 #include "graph/GraphLayout.h"
@@ -101,26 +100,6 @@ std::string chart_LegendText(double alpha) {
     long percent = std::lround((1.0 - alpha) * 100.0);
     std::snprintf(text, sizeof text, "%2ld%% CL", percent);
     return text;
-}
-
-void chart_ReadRecords(IntervalChart& chart, const std::vector<std::string>& names, const std::vector<int>& offsets,
-                       bool extremes) {
-    chart.items.clear();
-    for (std::size_t i = 0; i < names.size() && i < offsets.size(); ++i) {
-        long at = offsets[i];
-        if (at < 0 || at + (extremes ? 5 : 3) > MAX_POINTS) continue;
-        IntervalItem item;
-        item.name = names[i];
-        item.estimate = g_WorkTable[at];
-        item.lower = g_WorkTable[at + 1];
-        item.upper = g_WorkTable[at + 2];
-        item.extremes = extremes;
-        if (extremes) {
-            item.minimum = g_WorkTable[at + 3];
-            item.maximum = g_WorkTable[at + 4];
-        }
-        chart.items.push_back(std::move(item));
-    }
 }
 
 void chart_DrawIntervals(CDC& dc, const IntervalChart& chart) {

@@ -1,8 +1,7 @@
 // What the interval charts draw: one vertical interval per file (or pair) on a
 // common value axis, its estimate marked, and for the observation intervals
-// the minimum and maximum beside it. The analyses hand their results over in
-// this form; the interval family reads them from the module's work table,
-// where its documents leave one graph record per row.
+// the minimum and maximum beside it. The analyses' views hand their results
+// over in this form.
 #pragma once
 
 #include <string>
@@ -31,13 +30,6 @@ struct IntervalChart {
     double reference = 0.0;
     bool scale = false;         // a numeric scale on the value axis
 };
-
-// Fills items from the graph records in g_WorkTable: item i's record starts
-// at offsets[i] and holds estimate, lower, upper, minimum, maximum. With
-// extremes false only the first three doubles are read. Records that would
-// reach past the table are left out.
-void chart_ReadRecords(IntervalChart& chart, const std::vector<std::string>& names, const std::vector<int>& offsets,
-                       bool extremes);
 
 // "95% CL": the level in whole percent, (1 - alpha) x 100 to the nearest.
 std::string chart_LegendText(double alpha);

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
 
 class CPlotDlg : public CBaseMultiDlg {
 public:
@@ -28,5 +28,5 @@ public:
     double m_dMaxValue = 0.0;
 
 private:
-    int Fail(int id, const char* control);
+    int Fail(int id, DlgControl control);
 };

@@ -4,18 +4,10 @@
 #include "framework/Host.h"
 #include "framework/Messages.h"
 #include "graph/PlotDlg.h"
-#include "graph/PlotView.h"
-
-namespace {
-
-std::unique_ptr<CView> MakeLegendView() { return std::make_unique<CPlotLegendView>(); }
-
-}  // namespace
 
 CPlotDoc::CPlotDoc() {
     // The graph keeps most of a tall frame; the legend gets the rest.
     m_nMinFirstPane = 450;
-    m_pSecondView = MakeLegendView;
 }
 
 bool CPlotDoc::IsInWindow(double t, double value) const {

@@ -2,38 +2,22 @@
 
 #include <filesystem>
 
+#include "dialog/FileDialogs.h"
 #include "framework/DocTemplate.h"
+#include "framework/Frame.h"
 #include "framework/Host.h"
 #include "framework/Messages.h"
-#include "graph/FileDialogs.h"
-#include "group/AnalysisFactory.h"
+#include "framework/View.h"
+#include "group/CommandTable.h"
 #include "group/OutputView.h"
-#include "group/Templates.h"
+#include "report/TextView.h"
 
 namespace {
 
-const GroupCommand kCommands[] = {
-    {"g_OnPlot", "Plot", 16019, nullptr, g_OnPlot},
-    {"g_OnComparison", "Comparison", 16020, nullptr, g_OnComparison},
-    {"g_OnInterval", "Intervals", 16021, nullptr, g_OnInterval},
-    {"g_OnOneway", "OnewayVariance", 16022, nullptr, g_OnOneway},
-    {"g_OnSdinterval", "SdIntervals", 16023, nullptr, g_OnSdinterval},
-    {"g_OnStdinterval", "StdInterval", 16024, nullptr, g_OnStdinterval},
-    {"g_OnTable", "Table", 16025, nullptr, g_OnTable},
-    {"g_OnVartest", "Vartest", 16026, nullptr, g_OnVartest},
-    {"g_OnAppend", "Append", 16027, "dat", g_OnAppend},
-    {"g_OnDiffile", "Diffile", 16028, "dif", g_OnDiffile},
-    {"g_OnExport", "Export", 16029, "dax", g_OnExport},
-    {"g_OnFilter", "BatchTruncate", 16030, "flt", g_OnFilter},
-    {"g_OnBarchart", "Barchart", 16031, nullptr, g_OnBarchart},
-    {"g_OnCorrelogram", "Correlogram", 16032, "cor", g_OnCorrelogram},
-    {"g_OnHistogram", "Histogram", 16033, nullptr, g_OnHistogram},
-    {"g_OnImport", "Import", 16034, "dat", g_OnImport},
-    {"g_OnLoad", "Load", 16035, "dat", g_OnLoad},
-    {"g_OnMovingAverage", "MovingAverage", 16036, nullptr, g_OnMovingAverage},
-};
-
-int Run(int index, COutputView* view) { return grp_RunCommand(kCommands[index], view); }
+int Run(const char* exportName, COutputView* view) {
+    const GroupCommand* command = grp_FindCommand(exportName);
+    return command ? grp_RunCommand(*command, view) : -1;
+}
 
 // The analysis's name for messages: its title prefix without the " - ".
 std::string CommandName(const GroupCommand& command) {
@@ -42,16 +26,15 @@ std::string CommandName(const GroupCommand& command) {
     return name;
 }
 
-void AttachView(CDialog& dlg, COutputView* view) {
-    if (auto* single = dynamic_cast<CBaseDlg*>(&dlg)) single->m_pView = view;
-    if (auto* multi = dynamic_cast<CBaseMultiDlg*>(&dlg)) multi->m_pView = view;
-}
-
+// A single-file dialog takes the selected file, a file list (or pairs list)
+// that is empty starts with it.
 void PrepareFromSelection(CDialog& dlg, COutputView* view) {
     std::string selected = view ? view->SelectedPath() : std::string();
     if (selected.empty()) return;
     if (auto* single = dynamic_cast<CBaseDlg*>(&dlg)) single->m_strFile = selected;
     if (auto* multi = dynamic_cast<CBaseMultiDlg*>(&dlg); multi && multi->m_items.empty()) multi->AddFile(selected, "");
+    if (auto* pairs = dynamic_cast<CBasePairsDlg*>(&dlg); pairs && pairs->m_pairs.empty())
+        pairs->AddPair({selected, ""}, {});
 }
 
 void AddDefaultExtension(std::string& name, const char* ext) {
@@ -60,50 +43,92 @@ void AddDefaultExtension(std::string& name, const char* ext) {
     name += ext;
 }
 
-}  // namespace
+std::string FileName(const std::string& path) { return std::filesystem::path(path).filename().string(); }
 
-std::span<const GroupCommand> grp_Commands() { return kCommands; }
+// The document's title, as a frame shows it; a document without one is named
+// by its dialog: the data file, or the title or first file of a list.
+std::string Subject(const CDialog& dlg, const CBaseFileDoc& doc) {
+    if (!doc.GetTitle().empty()) return doc.GetTitle();
+    if (const auto* single = dynamic_cast<const CBaseDlg*>(&dlg); single && !single->m_strFile.empty())
+        return FileName(single->m_strFile);
+    if (const auto* multi = dynamic_cast<const CBaseMultiDlg*>(&dlg)) {
+        if (!multi->m_strTitle.empty()) return multi->m_strTitle;
+        if (!multi->m_items.empty()) return FileName(multi->m_items.front().m_strPath);
+    }
+    if (const auto* pairs = dynamic_cast<const CBasePairsDlg*>(&dlg)) {
+        if (!pairs->m_strTitle.empty()) return pairs->m_strTitle;
+        if (!pairs->m_pairs.empty()) return FileName(pairs->m_pairs.front().a.m_strPath);
+    }
+    return {};
+}
+
+// Shows the initialiser's message unless the document already did.
+void ReportFailure(int rc, unsigned long shownBefore) {
+    int id = rc < 0 ? -rc : rc;
+    if (host_MessageCount() != shownBefore && host_LastMessageId() == id) return;
+    if (msg_Has(id)) AfxMessageBox(id);
+}
+
+}  // namespace
 
 int grp_RunCommand(const GroupCommand& command, COutputView* view) {
     CWinApp* app = AfxGetApp();
-    auto* tmpl = app ? dynamic_cast<CAnalysisTemplate*>(app->FindDocTemplate(command.templateName)) : nullptr;
-    if (!tmpl) {
+    if (!app || !app->FindDocTemplate(command.templateName)) {
         AfxMessageBox("The output processor is not started: " + CommandName(command) + " cannot be run.");
         return -1;
     }
-    const AnalysisFactory* f = tmpl->Factory();
-    if (!f) {
+    const AnalysisFactory& f = command.make;
+    if (!f.Built()) {
         AfxMessageBox(CommandName(command) + " is not available in this version of oproc.");
         return -1;
     }
     CDialog* dlg = app->GetDialog(command.templateName);
-    if (!dlg) dlg = &app->KeepDialog(command.templateName, f->createDialog());
-    AttachView(*dlg, view);
-    if (f->prepare)
-        f->prepare(*dlg, view);
-    else
-        PrepareFromSelection(*dlg, view);
+    if (!dlg) dlg = &app->KeepDialog(command.templateName, f.createDialog());
+    PrepareFromSelection(*dlg, view);
     if (dlg->DoModal() != IDOK) return 0;
-    if (f->outputFile)
-        if (std::string* out = f->outputFile(*dlg)) AddDefaultExtension(*out, command.defaultExt);
-    return tmpl->OpenAnalysis(*dlg, msg_Text(command.titleId));
+    if (f.outputFile)
+        if (std::string* out = f.outputFile(*dlg)) AddDefaultExtension(*out, command.defaultExt);
+    return grp_OpenAnalysis(command, *dlg);
 }
 
-int g_OnPlot(COutputView* view) { return Run(0, view); }
-int g_OnComparison(COutputView* view) { return Run(1, view); }
-int g_OnInterval(COutputView* view) { return Run(2, view); }
-int g_OnOneway(COutputView* view) { return Run(3, view); }
-int g_OnSdinterval(COutputView* view) { return Run(4, view); }
-int g_OnStdinterval(COutputView* view) { return Run(5, view); }
-int g_OnTable(COutputView* view) { return Run(6, view); }
-int g_OnVartest(COutputView* view) { return Run(7, view); }
-int g_OnAppend(COutputView* view) { return Run(8, view); }
-int g_OnDiffile(COutputView* view) { return Run(9, view); }
-int g_OnExport(COutputView* view) { return Run(10, view); }
-int g_OnFilter(COutputView* view) { return Run(11, view); }
-int g_OnBarchart(COutputView* view) { return Run(12, view); }
-int g_OnCorrelogram(COutputView* view) { return Run(13, view); }
-int g_OnHistogram(COutputView* view) { return Run(14, view); }
-int g_OnImport(COutputView* view) { return Run(15, view); }
-int g_OnLoad(COutputView* view) { return Run(16, view); }
-int g_OnMovingAverage(COutputView* view) { return Run(17, view); }
+int grp_OpenAnalysis(const GroupCommand& command, CDialog& dlg) {
+    std::unique_ptr<CBaseFileDoc> doc = command.make.createDocument ? command.make.createDocument() : nullptr;
+    if (!doc) return -1;
+    unsigned long shownBefore = host_MessageCount();
+    if (int rc = doc->InitFromDialog(dlg)) {
+        ReportFailure(rc, shownBefore);
+        doc->OnCloseDocument();
+        return rc;
+    }
+    std::string caption = msg_Text(command.titleId) + Subject(dlg, *doc);
+    std::vector<std::unique_ptr<CObject>> views;
+    if (command.make.createViews) views = command.make.createViews(*doc);
+    auto frame = std::make_unique<CDocFrame>(grp_FrameClass(command.frame), std::move(doc), std::move(views));
+    frame->SetWindowText(caption);
+    // Every report view takes its report; the graph views take their data.
+    for (const auto& v : frame->Views()) {
+        if (auto* text = dynamic_cast<CTextView*>(v.get())) text->SetText(txt_ReportText(*text));
+        if (auto* graph = dynamic_cast<CView*>(v.get())) graph->OnInitialUpdate();
+    }
+    host_Get().ShowFrame(std::move(frame));
+    return 0;
+}
+
+int g_OnPlot(COutputView* view) { return Run("g_OnPlot", view); }
+int g_OnComparison(COutputView* view) { return Run("g_OnComparison", view); }
+int g_OnInterval(COutputView* view) { return Run("g_OnInterval", view); }
+int g_OnOneway(COutputView* view) { return Run("g_OnOneway", view); }
+int g_OnSdinterval(COutputView* view) { return Run("g_OnSdinterval", view); }
+int g_OnStdinterval(COutputView* view) { return Run("g_OnStdinterval", view); }
+int g_OnTable(COutputView* view) { return Run("g_OnTable", view); }
+int g_OnVartest(COutputView* view) { return Run("g_OnVartest", view); }
+int g_OnAppend(COutputView* view) { return Run("g_OnAppend", view); }
+int g_OnDiffile(COutputView* view) { return Run("g_OnDiffile", view); }
+int g_OnExport(COutputView* view) { return Run("g_OnExport", view); }
+int g_OnFilter(COutputView* view) { return Run("g_OnFilter", view); }
+int g_OnBarchart(COutputView* view) { return Run("g_OnBarchart", view); }
+int g_OnCorrelogram(COutputView* view) { return Run("g_OnCorrelogram", view); }
+int g_OnHistogram(COutputView* view) { return Run("g_OnHistogram", view); }
+int g_OnImport(COutputView* view) { return Run("g_OnImport", view); }
+int g_OnLoad(COutputView* view) { return Run("g_OnLoad", view); }
+int g_OnMovingAverage(COutputView* view) { return Run("g_OnMovingAverage", view); }

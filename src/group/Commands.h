@@ -1,13 +1,14 @@
 // The command entries: one per analysis, called by the host's menu commands
 // with the active data group view. Each shows the analysis's parameter dialog
 // (kept for the whole run, so it shows the previous entries) and, on OK, opens
-// the analysis through its template. Result: 0 when done or cancelled, -1 when
-// the analysis cannot be made, else the id of the message that was shown.
+// the analysis in a frame handed to the host. Result: 0 when done or
+// cancelled, -1 when the analysis cannot be made, else the id of the message
+// that was shown.
 #pragma once
 
-#include <span>
-
 class COutputView;
+class CDialog;
+struct GroupCommand;
 
 int g_OnAppend(COutputView* view);
 int g_OnBarchart(COutputView* view);
@@ -28,15 +29,11 @@ int g_OnStdinterval(COutputView* view);
 int g_OnTable(COutputView* view);
 int g_OnVartest(COutputView* view);
 
-struct GroupCommand {
-    const char* exportName;    // "g_OnPlot"
-    const char* templateName;  // document name of its template, "Plot"
-    int titleId;               // window title prefix, "Plot - "
-    const char* defaultExt;    // given to an output file name without extension; null when none
-    int (*entry)(COutputView* view);
-};
-
-// The command table, in the order of the product's command list.
-std::span<const GroupCommand> grp_Commands();
-// The common flow of every command entry.
+// The common flow of every command entry, for the command's row.
 int grp_RunCommand(const GroupCommand& command, COutputView* view);
+
+// Makes the command's document, initialises it from dlg and, only when that
+// succeeds, hands the host a frame captioned with the command's title prefix
+// and subject, its views filled. -1 when no document can be made; else the
+// initialiser's result, its message shown exactly once.
+int grp_OpenAnalysis(const GroupCommand& command, CDialog& dlg);

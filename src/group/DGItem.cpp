@@ -46,10 +46,11 @@ CDGItem::CDGItem(const std::string& path) : m_strPath(path) {
     }
 }
 
-int CDGItem::Describe(bool checkChanged) {
+int CDGItem::Describe(bool checkChanged, const std::string& where) {
+    const std::string& file = where.empty() ? m_strPath : where;
     if (checkChanged) {
         std::int64_t now = 0;
-        if (!grp_FileTime(m_strPath, &now)) {
+        if (!grp_FileTime(file, &now)) {
             m_strDescription = m_strPath + msg_Text(IDS_ERROR_ACCESSING_FILE);
             return IDS_FILE_NOT_FOUND;
         }
@@ -58,11 +59,11 @@ int CDGItem::Describe(bool checkChanged) {
     }
     int kind = 0, reinit = 0, count = 0;
     std::string title;
-    int rc = op_CheckFileHdr(m_strPath.c_str(), &kind, &reinit, &count, &title, 2);
+    int rc = op_CheckFileHdr(file.c_str(), &kind, &reinit, &count, &title, 2);
     long reps = 0;
     if (rc == 0) {
         // An error id from the count is positive and shows as the count.
-        reps = op_CountReps(m_strPath.c_str());
+        reps = op_CountReps(file.c_str());
         if (reps <= 0) rc = IDS_INVALID_DATA_FILE;
     }
     if (rc) {

@@ -20,8 +20,10 @@ public:
     // Makes the description line. With checkChanged the file is read again
     // only if its last-write time differs from the stored one; a missing file
     // gives 15811. Returns 0 or a message id; on a failure the line is the path
-    // and ", <error accessing file>".
-    int Describe(bool checkChanged);
+    // and ", <error accessing file>". The file is read at where (the item's
+    // path resolved by its group), or at its path when where is empty; the
+    // line always shows the path.
+    int Describe(bool checkChanged, const std::string& where = {});
 
     void Serialize(CArchive& ar) override;
     const CRuntimeClass* GetRuntimeClass() const override { return &classCDGItem; }

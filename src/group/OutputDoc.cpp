@@ -27,12 +27,10 @@ bool COutputDoc::OnNewDocument() {
 
 bool COutputDoc::OnOpenDocument(const char* path) {
     op_InitFileGlobals();
-    // Taken whole before the folder changes, since path may be relative.
+    // Kept whole: the items' relative paths lead from its folder.
     std::error_code ec;
     std::string full = fs::absolute(path, ec).lexically_normal().string();
     if (ec) full = path;
-    fs::path folder = fs::path(full).parent_path();
-    if (!folder.empty()) fs::current_path(folder, ec);
     if (!LoadArchive(full.c_str())) return false;
     SetPathName(full);
     return true;
@@ -89,10 +87,23 @@ CDGItem* COutputDoc::GetItem(int index) const {
     return (index >= 0 && index < GetItemCount()) ? m_items[static_cast<std::size_t>(index)].get() : nullptr;
 }
 
+std::string COutputDoc::ItemPath(int index) const {
+    const CDGItem* item = GetItem(index);
+    if (!item) return {};
+    fs::path p(item->m_strPath);
+    if (p.is_absolute() || GetPathName().empty()) return item->m_strPath;
+    return (fs::path(GetPathName()).parent_path() / p).string();
+}
+
+int COutputDoc::DescribeItem(int index, bool checkChanged) {
+    CDGItem* item = GetItem(index);
+    return item ? item->Describe(checkChanged, ItemPath(index)) : 0;
+}
+
 int COutputDoc::FindItem(const std::string& path) const {
     std::string key = grp_SameFileKey(path);
     for (int i = 0; i < GetItemCount(); ++i)
-        if (grp_SameFileKey(m_items[static_cast<std::size_t>(i)]->m_strPath) == key) return i;
+        if (grp_SameFileKey(ItemPath(i)) == key) return i;
     return -1;
 }
 

@@ -23,8 +23,8 @@ public:
 
     // Sets up the data-file layer; a new group is empty.
     bool OnNewDocument() override;
-    // Makes the group's folder the current directory, so that relative paths
-    // and temporary files resolve there, then loads the group.
+    // Loads the group. The process's current folder stays as it is: the
+    // items' relative paths lead from the group's folder (ItemPath).
     bool OnOpenDocument(const char* path) override;
     void Serialize(CArchive& ar) override;
     void DeleteContents() override;
@@ -36,6 +36,11 @@ public:
     // The item at index; null for an index not in the list.
     CDGItem* GetItem(int index) const;
     int GetItemCount() const { return static_cast<int>(m_items.size()); }
+    // Where item index's file is: its path, led from the group's folder when
+    // relative. Empty for an index not in the list.
+    std::string ItemPath(int index) const;
+    // Describes item index afresh (CDGItem::Describe) from where its file is.
+    int DescribeItem(int index, bool checkChanged);
     // Index of the item for the same file as path; -1 when none.
     int FindItem(const std::string& path) const;
     // Adds every item's description to list, in order.

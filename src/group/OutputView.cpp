@@ -16,7 +16,7 @@ constexpr int IDS_NO_SELECTION = 15841;
 
 void COutputView::OnInitialUpdate() {
     if (m_pDocument)
-        for (int i = 0; i < m_pDocument->GetItemCount(); ++i) m_pDocument->GetItem(i)->Describe(true);
+        for (int i = 0; i < m_pDocument->GetItemCount(); ++i) m_pDocument->DescribeItem(i, true);
     OnUpdate();
 }
 
@@ -28,8 +28,7 @@ void COutputView::OnUpdate() {
 }
 
 std::string COutputView::SelectedPath() const {
-    const CDGItem* item = m_pDocument ? m_pDocument->GetItem(GetSelection()) : nullptr;
-    return item ? item->m_strPath : std::string();
+    return m_pDocument ? m_pDocument->ItemPath(GetSelection()) : std::string();
 }
 
 int COutputView::OnAddFile() {

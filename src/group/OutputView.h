@@ -28,7 +28,7 @@ public:
     // Index of the selected file, or LB_ERR.
     int GetSelection() const { return m_list.GetCurSel(); }
     void SetSelection(int index) { m_list.SetCurSel(index); }
-    // Path of the selected file; empty when nothing is selected.
+    // Where the selected file is (COutputDoc::ItemPath); empty when nothing is selected.
     std::string SelectedPath() const;
 
     // Asks the host for a data file and adds it. 0 (also when cancelled) or the

@@ -1,11 +1,8 @@
 #include "series/CorrDlg.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 
-#include "datafile/DataFile.h"
-#include "datafile/RepChecks.h"
+#include "dialog/DataFileCheck.h"
 #include "framework/IntField.h"
 #include "framework/Messages.h"
 
@@ -22,27 +19,24 @@ bool corr_SameFileName(const std::string& a, const std::string& b) {
 
 bool CCorrDlg::ExchangeFields(std::string* message) {
     if (ddx_IntField(m_strMaxLags, 0, kMaxLagsLimit, &m_nMaxLags, message)) return true;
-    SetFocusControl(IDC_MAXLAGS);
+    SetFocusControl(DlgControl::MaxLags);
     return false;
 }
 
 int CCorrDlg::Validate(int*) {
-    auto fail = [this](int id, const char* control) {
+    auto fail = [this](int id, DlgControl control) {
         SetFocusControl(control);
         return id;
     };
-    SetFocusControl("");
-    if (m_strFile.empty()) return fail(IDS_SOURCE_NOT_SPECIFIED, IDC_DATAFILE);
-    if (::access(m_strFile.c_str(), F_OK) != 0) return fail(IDS_FILE_NOT_FOUND, IDC_DATAFILE);
-    if (corr_SameFileName(m_strOutFile, m_strFile)) return fail(IDS_SAME_OUTPUT_FILE, IDC_OUTFILE);
-    int kind = 0, reinit = 0, count = 0;
-    std::string title;
-    if (op_CheckFileHdr(m_strFile.c_str(), &kind, &reinit, &count, &title, 2) == IDS_INVALID_HEADER)
-        return fail(IDS_INVALID_DATA_FILE, IDC_DATAFILE);
-    int treatment = 0;
-    if (rep_CheckTreatmentText(m_strReps, &treatment)) return fail(IDS_INVALID_REP_TREATMENT, IDC_REPLICATIONS);
-    if (m_nMaxLags <= 0) return fail(IDS_MAX_LAGS_POSITIVE, IDC_MAXLAGS);
-    if (rep_CheckEnoughReps(m_strFile.c_str(), treatment)) return fail(IDS_NOT_ENOUGH_REPS, IDC_REPLICATIONS);
-    if (op_IsTimePersistent(kind)) return fail(IDS_TIME_PERSISTENT, IDC_DATAFILE);
+    SetFocusControl(DlgControl::None);
+    if (m_strFile.empty()) return fail(IDS_SOURCE_NOT_SPECIFIED, DlgControl::DataFile);
+    DataFileCheck file{m_strFile, m_strReps};
+    if (int rc = dlg_CheckDataFile(file, {FileCheck::Exists})) return fail(rc, DlgControl::DataFile);
+    if (corr_SameFileName(m_strOutFile, m_strFile)) return fail(IDS_SAME_OUTPUT_FILE, DlgControl::OutputFile);
+    if (int rc = dlg_CheckDataFile(file, {FileCheck::Header, FileCheck::Treatment}))
+        return fail(rc, dlg_FileFocus(file.failed));
+    if (m_nMaxLags <= 0) return fail(IDS_MAX_LAGS_POSITIVE, DlgControl::MaxLags);
+    if (int rc = dlg_CheckDataFile(file, {FileCheck::EnoughReps, FileCheck::NotTimePersistent}))
+        return fail(rc, dlg_FileFocus(file.failed));
     return 0;
 }

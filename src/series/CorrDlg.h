@@ -4,13 +4,7 @@
 
 #include <string>
 
-#include "graph/FileDialogs.h"
-
-// Controls that take the focus after a failed check.
-inline constexpr const char* IDC_DATAFILE = "IDC_DATAFILE";
-inline constexpr const char* IDC_REPLICATIONS = "IDC_REPLICATIONS";
-inline constexpr const char* IDC_MAXLAGS = "IDC_MAXLAGS";
-inline constexpr const char* IDC_OUTFILE = "IDC_OUTFILE";
+#include "dialog/FileDialogs.h"
 
 class CCorrDlg : public CBaseDlg {
 public:

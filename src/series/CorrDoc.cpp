@@ -28,7 +28,7 @@ int CCorrDoc::InitFromDialog(CDialog& dialog) {
 }
 
 int CCorrDoc::Compute() {
-    m_objList.clear();
+    m_results = CorrResults{};
     CSafeOutput safe(m_strOutFile);
     FILE* out = nullptr;
     if (!m_strOutFile.empty()) {
@@ -146,7 +146,7 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, FILE* out) {
         // A constant series has variance 0: the correlations are then 0/0.
         double r = c / variance;
         weighted += (1.0 - static_cast<double>(k) / dn) * c;
-        m_objList.push_back(std::make_unique<CCovarData>(k, c, r));
+        m_results.lags.push_back({k, c, r});
         if (out) {
             double time = k;
             op_WritePair(out, &time, &r);
@@ -160,9 +160,9 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, FILE* out) {
             op_WritePair(out, &end, &end);
         }
     }
-    m_dMean = mean;
-    m_dVariance = variance;
-    m_nSize = static_cast<int>(n);
-    m_dWeightedSum = 2.0 * weighted;
+    m_results.mean = mean;
+    m_results.variance = variance;
+    m_results.size = static_cast<int>(n);
+    m_results.weightedSum = 2.0 * weighted;
     return 0;
 }

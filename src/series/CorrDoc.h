@@ -6,19 +6,29 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "datafile/SingleDoc.h"
 #include "series/LagProducts.h"
 
 // One lag of the correlogram.
-class CCovarData : public CObject {
-public:
-    CCovarData(int lag, double covariance, double correlation)
-        : m_nLag(lag), m_dCovariance(covariance), m_dCorrelation(correlation) {}
+struct CCovarData {
+    int lag = 0;
+    double covariance = 0.0;
+    double correlation = 0.0;
+};
 
-    int m_nLag;
-    double m_dCovariance;
-    double m_dCorrelation;
+// The result record of the correlogram: what its report, its chart and any
+// other writer of results read.
+struct CorrResults {
+    // Of the last pass (the last replication under "All").
+    double mean = 0.0;
+    double variance = 0.0;
+    int size = 0;
+    double weightedSum = 0.0;
+    // Lags 1 to L of each pass in turn: under "All" L per replication. The
+    // report and the chart show the first L.
+    std::vector<CCovarData> lags;
 };
 
 class CCorrDoc : public CSingleDoc {
@@ -32,10 +42,9 @@ public:
     // Takes the parameters of a validated CCorrDlg (after its field exchange),
     // opens the data file and computes. 0, kOpenFailed or a message id.
     int InitFromDialog(CDialog& dlg) override;
-    // Computes for the document's treatment. "All" makes one pass per
-    // replication: the list then holds L records per replication, while the
-    // four summary values are those of the last pass. 0 or a message id; on
-    // failure no output file is left under the target name.
+    // Computes for the document's treatment: one pass, or under "All" one per
+    // replication. 0 or a message id; on failure no output file is left under
+    // the target name.
     int Compute();
 
     // Parameters.
@@ -45,17 +54,10 @@ public:
     // Forces a summation method (tests, benchmarks); otherwise the faster one.
     std::optional<CLagProducts::Method> m_forceMethod;
 
-    // Results of the last pass.
-    double m_dMean = 0.0;
-    double m_dVariance = 0.0;
-    int m_nSize = 0;
-    double m_dWeightedSum = 0.0;
+    const CorrResults& Results() const { return m_results; }
 
-    // The lag records, in order (held in the document's object list). The
-    // report and the chart show the first m_nMaxLags of them: bars of height
-    // m_dCorrelation from lag - 1 to lag, on a y axis from -1.0001 to 1.0001.
-    int CovarCount() const { return static_cast<int>(m_objList.size()); }
-    const CCovarData& Covar(int i) const { return static_cast<const CCovarData&>(*m_objList[static_cast<std::size_t>(i)]); }
+protected:
+    CorrResults m_results;
 
 private:
     int Position(int rep);

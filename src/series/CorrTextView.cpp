@@ -10,13 +10,14 @@ void CCorrTextView::WriteReport(FILE* f) {
     if (!doc->m_strCorrTitle.empty()) std::fprintf(f, m_szTitleFmt, doc->m_strCorrTitle.c_str());
     std::fputs("\n", f);
     std::fprintf(f, m_szLabelFmt, msg_Text(15853).c_str());
-    std::fprintf(f, m_szRealFmt, doc->m_dMean);
+    const CorrResults& res = doc->Results();
+    std::fprintf(f, m_szRealFmt, res.mean);
     std::fprintf(f, m_szLabelFmt, msg_Text(15854).c_str());
-    std::fprintf(f, m_szRealFmt, doc->m_dVariance);
+    std::fprintf(f, m_szRealFmt, res.variance);
     std::fprintf(f, m_szLabelFmt, msg_Text(15855).c_str());
-    std::fprintf(f, m_szIntFmt, static_cast<long>(doc->m_nSize));
+    std::fprintf(f, m_szIntFmt, static_cast<long>(res.size));
     std::fprintf(f, m_szLabelFmt, msg_Text(15856).c_str());
-    std::fprintf(f, m_szRealFmt, doc->m_dWeightedSum);
+    std::fprintf(f, m_szRealFmt, res.weightedSum);
     std::fputs("\n", f);
     std::fprintf(f, m_szTitleFmt, msg_Text(15857).c_str());
     std::fputs("\n", f);
@@ -25,11 +26,12 @@ void CCorrTextView::WriteReport(FILE* f) {
     std::fprintf(f, " %12s\n", msg_Text(15860).c_str());
     // Under "All" the list holds every replication's lags; the first
     // replication's are shown.
-    int lines = doc->CovarCount() < doc->m_nMaxLags ? doc->CovarCount() : doc->m_nMaxLags;
+    const int count = static_cast<int>(res.lags.size());
+    int lines = count < doc->m_nMaxLags ? count : doc->m_nMaxLags;
     for (int i = 0; i < lines; ++i) {
-        const CCovarData& c = doc->Covar(i);
+        const CCovarData& c = res.lags[static_cast<std::size_t>(i)];
         std::fprintf(f, " %7ld", static_cast<long>(i + 1));
-        std::fprintf(f, " %12.5g", c.m_dCovariance);
-        std::fprintf(f, " %12.5g\n", c.m_dCorrelation);
+        std::fprintf(f, " %12.5g", c.covariance);
+        std::fprintf(f, " %12.5g\n", c.correlation);
     }
 }

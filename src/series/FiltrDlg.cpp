@@ -1,11 +1,9 @@
 #include "series/FiltrDlg.h"
 
-#include <unistd.h>
-
 #include <cctype>
 
 #include "datafile/DataFile.h"
-#include "datafile/RepChecks.h"
+#include "dialog/DataFileCheck.h"
 #include "framework/FileName.h"
 #include "framework/Messages.h"
 
@@ -17,7 +15,7 @@ void Limit(std::string& text, std::size_t limit) {
 
 }  // namespace
 
-int CFiltrDlg::Fail(int id, const char* control) {
+int CFiltrDlg::Fail(int id, DlgControl control) {
     SetFocusControl(control);
     return id;
 }
@@ -31,33 +29,28 @@ int CFiltrDlg::DoDataExchange() {
     Limit(m_strOutFile, kFileLimit);
 
     // The exchange walks the controls in tab order: truncation before batch size.
-    if (op_ParseNumber(m_strTrunc.c_str(), &m_dTrunc)) return Fail(IDS_INVALID_NUMBER, kFiltrTruncControl);
-    if (!(m_dTrunc >= kRealMin && m_dTrunc <= kRealMax)) return Fail(IDP_REAL_RANGE_0_999999, kFiltrTruncControl);
+    if (op_ParseNumber(m_strTrunc.c_str(), &m_dTrunc)) return Fail(IDS_INVALID_NUMBER, DlgControl::Truncation);
+    if (!(m_dTrunc >= kRealMin && m_dTrunc <= kRealMax)) return Fail(IDP_REAL_RANGE_0_999999, DlgControl::Truncation);
     if (op_ParseNumber(m_strBatchSize.c_str(), &m_dBatchSize))
-        return Fail(IDS_INVALID_NUMBER, kFiltrBatchSizeControl);
+        return Fail(IDS_INVALID_NUMBER, DlgControl::BatchSize);
     if (!(m_dBatchSize >= kRealMin && m_dBatchSize <= kRealMax))
-        return Fail(IDP_REAL_RANGE_0_999999, kFiltrBatchSizeControl);
+        return Fail(IDP_REAL_RANGE_0_999999, DlgControl::BatchSize);
     return 0;
 }
 
 int CFiltrDlg::Validate(int* failingIndex) {
-    SetFocusControl("");
+    SetFocusControl(DlgControl::None);
     if (failingIndex) *failingIndex = -1;
     if (int rc = DoDataExchange()) return rc;
 
-    if (m_strFile.empty()) return Fail(IDS_SOURCE_NOT_SPECIFIED, kFiltrFileControl);
-    if (::access(m_strFile.c_str(), F_OK) != 0) return Fail(IDS_FILE_NOT_FOUND, kFiltrFileControl);
+    if (m_strFile.empty()) return Fail(IDS_SOURCE_NOT_SPECIFIED, DlgControl::DataFile);
+    DataFileCheck file{m_strFile, m_strReps};
+    if (int rc = dlg_CheckDataFile(file, {FileCheck::Exists})) return Fail(rc, DlgControl::DataFile);
     if (!m_strOutFile.empty() && fn_SameFile(m_strOutFile, m_strFile))
-        return Fail(IDS_SAME_OUTPUT_FILE, kFiltrOutputControl);
-
-    int kind = 0, reinit = 0, count = 0;
-    std::string title;
-    int rc = op_CheckFileHdr(m_strFile.c_str(), &kind, &reinit, &count, &title, 2);
-    if (rc == IDS_INVALID_HEADER) return Fail(IDS_INVALID_DATA_FILE, kFiltrFileControl);
-    if (rc) return Fail(rc == IDS_NO_FILE_OPEN ? IDS_FILE_NOT_FOUND : rc, kFiltrFileControl);
-
-    if (int r = rep_CheckTreatmentText(m_strReps, &m_nTreatment)) return Fail(r, kFiltrRepsControl);
-    if (int r = rep_CheckEnoughReps(m_strFile.c_str(), m_nTreatment)) return Fail(r, kFiltrRepsControl);
+        return Fail(IDS_SAME_OUTPUT_FILE, DlgControl::OutputFile);
+    int rc = dlg_CheckDataFile(file, {FileCheck::HeaderReadable, FileCheck::Treatment, FileCheck::EnoughReps});
+    m_nTreatment = file.treatment;
+    if (rc) return Fail(rc, dlg_FileFocus(file.failed));
     return 0;
 }
 

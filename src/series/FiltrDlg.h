@@ -5,14 +5,7 @@
 
 #include <string>
 
-#include "graph/FileDialogs.h"
-
-// Controls that take the focus after a failed check.
-inline constexpr const char* kFiltrFileControl = "DataFile";
-inline constexpr const char* kFiltrRepsControl = "Replications";
-inline constexpr const char* kFiltrTruncControl = "InitialObsTime";
-inline constexpr const char* kFiltrBatchSizeControl = "BatchSize";
-inline constexpr const char* kFiltrOutputControl = "OutputFile";
+#include "dialog/FileDialogs.h"
 
 class CFiltrDlg : public CBaseDlg {
 public:
@@ -50,5 +43,5 @@ public:
     static double BatchSizeTaken(double size);
 
 private:
-    int Fail(int id, const char* control);
+    int Fail(int id, DlgControl control);
 };

@@ -40,14 +40,7 @@ int CFiltrDoc::PassCount() const {
 }
 
 int CFiltrDoc::Compute() {
-    truncUsed = -1.0;
-    batchUsed = -1.0;
-    numBatches = -1;
-    trailingObs = -1;
-    trailingTime = -1.0;
-    covEstimate = -1.0;
-    rejectPositive = 0;
-    rejectNonZero = 0;
+    m_results = BatchResults{};
     if (!m_pFile) return IDS_READ_ERROR;
 
     CSafeOutput safe(batchFileName);
@@ -83,14 +76,15 @@ int CFiltrDoc::Compute() {
         }
         FiltrResults res;
         rc = filtr_RunPass(m_pFile, m_nIsDouble, prm, rep, out, &res);
-        if (res.truncUsed) truncUsed = *res.truncUsed;
-        if (res.batchUsed) batchUsed = *res.batchUsed;
-        if (res.numBatches) numBatches = *res.numBatches;
-        if (res.trailingObs) trailingObs = *res.trailingObs;
-        if (res.trailingTime) trailingTime = *res.trailingTime;
-        if (res.covEstimate) covEstimate = *res.covEstimate;
-        if (res.rejectPositive) rejectPositive = *res.rejectPositive;
-        if (res.rejectNonZero) rejectNonZero = *res.rejectNonZero;
+        BatchResults& out = m_results;
+        if (res.truncUsed) out.truncUsed = *res.truncUsed;
+        if (res.batchUsed) out.batchUsed = *res.batchUsed;
+        if (res.numBatches) out.numBatches = *res.numBatches;
+        if (res.trailingObs) out.trailingObs = *res.trailingObs;
+        if (res.trailingTime) out.trailingTime = *res.trailingTime;
+        if (res.covEstimate) out.covEstimate = *res.covEstimate;
+        if (res.rejectPositive) out.rejectPositive = *res.rejectPositive;
+        if (res.rejectNonZero) out.rejectNonZero = *res.rejectNonZero;
     }
     std::clearerr(m_pFile);
 

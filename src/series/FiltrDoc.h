@@ -11,6 +11,19 @@
 
 class CFiltrDlg;
 
+// The result record of Batch/Truncate: what its report and any other writer of
+// results read. Each value keeps its initial one when no pass stores it.
+struct BatchResults {
+    double truncUsed = -1.0;      // observations or time truncated
+    double batchUsed = -1.0;      // batch size used
+    int numBatches = -1;
+    int trailingObs = -1;         // left over after the last whole batch
+    double trailingTime = -1.0;
+    double covEstimate = -1.0;    // lag-1 correlation of the batch means
+    int rejectPositive = 0;       // the tests against zero correlation
+    int rejectNonZero = 0;
+};
+
 class CFiltrDoc : public CSingleDoc {
 public:
     // Parameters (units: 0 time, 1 observations, -1 not given / no batching).
@@ -21,15 +34,7 @@ public:
     std::string title;
     std::string batchFileName;  // empty: no output file
 
-    // Results; each keeps its initial value when a run stores nothing.
-    double truncUsed = -1.0;
-    double batchUsed = -1.0;
-    int numBatches = -1;
-    int trailingObs = -1;
-    double trailingTime = -1.0;
-    double covEstimate = -1.0;
-    int rejectPositive = 0;
-    int rejectNonZero = 0;
+    const BatchResults& Results() const { return m_results; }
 
     // Takes the dialog's fields, opens the data file and computes. 0, a message
     // id for the caller to show, or -1 when opening failed and has already
@@ -41,6 +46,9 @@ public:
     // writes the output file. 0 or a message id; on a message no output file
     // is left under batchFileName.
     int Compute();
+
+protected:
+    BatchResults m_results;
 
 private:
     int PassCount() const;

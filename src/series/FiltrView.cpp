@@ -42,6 +42,7 @@ void CFiltrView::WriteReport(FILE* f) {
         std::fprintf(f, m_szRealFmt, x);
     };
 
+    const BatchResults& res = doc->Results();
     std::fprintf(f, m_szTitleFmt, msg_Text(kTitle).c_str());
     if (!doc->title.empty()) std::fprintf(f, m_szTitleFmt, doc->title.c_str());
     std::fprintf(f, "\n");
@@ -50,22 +51,22 @@ void CFiltrView::WriteReport(FILE* f) {
         std::fprintf(f, m_szStringFmt, doc->batchFileName.c_str());
         std::fprintf(f, "\n");
     }
-    if (doc->truncUnit == 0) real(kTimeTruncated, doc->truncUsed);
-    if (doc->truncUnit == 1) whole(kObsTruncated, doc->truncUsed);
+    if (doc->truncUnit == 0) real(kTimeTruncated, res.truncUsed);
+    if (doc->truncUnit == 1) whole(kObsTruncated, res.truncUsed);
     if (doc->batchUnit == 0) {
-        whole(kBatches, doc->numBatches);
-        real(kTimePerBatch, doc->batchUsed);
+        whole(kBatches, res.numBatches);
+        real(kTimePerBatch, res.batchUsed);
     }
     if (doc->batchUnit == 1) {
-        whole(kBatches, doc->numBatches);
-        whole(kObsPerBatch, doc->batchUsed);
+        whole(kBatches, res.numBatches);
+        whole(kObsPerBatch, res.batchUsed);
     }
-    if (doc->trailingTime != -1.0) real(kTrailingTime, doc->trailingTime);
-    if (doc->trailingObs != -1) whole(kTrailingObs, doc->trailingObs);
+    if (res.trailingTime != -1.0) real(kTrailingTime, res.trailingTime);
+    if (res.trailingObs != -1) whole(kTrailingObs, res.trailingObs);
     if (doc->batchUnit != -1) {
-        real(kCovEstimate, doc->covEstimate);
+        real(kCovEstimate, res.covEstimate);
         std::fprintf(f, "\n");
-        if (doc->rejectPositive) std::fprintf(f, "%-80s\n", msg_Text(kRejectPositive).c_str());
-        if (doc->rejectNonZero) std::fprintf(f, "%-80s\n", msg_Text(kRejectNonZero).c_str());
+        if (res.rejectPositive) std::fprintf(f, "%-80s\n", msg_Text(kRejectPositive).c_str());
+        if (res.rejectNonZero) std::fprintf(f, "%-80s\n", msg_Text(kRejectNonZero).c_str());
     }
 }

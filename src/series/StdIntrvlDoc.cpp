@@ -26,7 +26,7 @@ long CountRow(CObsStream& in) {
 
 }  // namespace
 
-int CStdIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
+int CStdIntrvlDoc::ComputeRow(CObsStream& in, IntervalRow& row, double alpha) {
     long m = m_nBatchSize;
     if (m == MAX_SHORT) {
         m = CountRow(in);
@@ -91,16 +91,16 @@ int CStdIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha)
     const double halfWidth = st_TQuantile(d, alpha / 2.0) * (root / std::sqrt(static_cast<double>(d)));
     if (!st_IntervalHolds(average, root, average - halfWidth, average + halfWidth)) return IDS_INTERVAL_ERROR;
 
-    row.m_dAverage = average;
-    row.m_dStdDev = root;
-    row.m_dHalfWidth = halfWidth;
-    row.m_dLower = average - halfWidth;
-    row.m_dUpper = average + halfWidth;
-    row.m_dMin = low;
-    row.m_dMax = high;
-    row.m_lNumObs = WholeLong(static_cast<double>(b) * static_cast<double>(m));
-    row.m_bComputed = true;
-    WidenGraphRange(row.m_dMin, row.m_dMax);
-    WidenGraphRange(row.m_dLower, row.m_dUpper);
+    row.average = average;
+    row.stdDev = root;
+    row.halfWidth = halfWidth;
+    row.lower = average - halfWidth;
+    row.upper = average + halfWidth;
+    row.min = low;
+    row.max = high;
+    row.numObs = WholeLong(static_cast<double>(b) * static_cast<double>(m));
+    row.computed = true;
+    WidenGraphRange(row.min, row.max);
+    WidenGraphRange(row.lower, row.upper);
     return 0;
 }

@@ -2,7 +2,7 @@
 // estimated from batches of consecutive observations by the area estimator
 // (weighted batch sums) combined with the batch-means estimator, so that
 // correlated steady-state output gets an honest interval. Everything else
-// (rows, treatments, graph records and range) is that of CIntrvlDoc.
+// (rows, treatments, the chart's room and range) is that of CIntrvlDoc.
 #pragma once
 
 #include "stats/IntrvlDoc.h"
@@ -19,6 +19,6 @@ public:
     int m_nBatchSize = kBatchSize;
 
 protected:
-    int ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) override;
+    int ComputeRow(CObsStream& in, IntervalRow& row, double alpha) override;
     bool StopOnEmptyRow() const override { return true; }
 };

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
 #include "stats/IntervalCheck.h"
@@ -23,13 +24,13 @@ void WidenRange(double lower, double upper, double* low, double* high) {
     if (upper > *high) *high = upper;
 }
 
-void StoreResults(CMultiFileItem& item, double estimate, double sd, double hw) {
-    item.m_dAverage = estimate;
-    item.m_dStdDev = sd;
-    item.m_dHalfWidth = hw;
-    item.m_dLower = estimate - hw;
-    item.m_dUpper = estimate + hw;
-    item.m_bComputed = true;
+void StoreResults(PairRow& row, double estimate, double sd, double hw) {
+    row.estimate = estimate;
+    row.stdDev = sd;
+    row.halfWidth = hw;
+    row.lower = estimate - hw;
+    row.upper = estimate + hw;
+    row.computed = true;
 }
 
 }  // namespace
@@ -37,29 +38,31 @@ void StoreResults(CMultiFileItem& item, double estimate, double sd, double hw) {
 int CComprDoc::InitFromDialog(CDialog& dialog) {
     auto& dlg = dynamic_cast<CComprDlg&>(dialog);
     m_nMethod = dlg.m_nMethod == CComprDlg::METHOD_TWO_SAMPLE ? METHOD_TWO_SAMPLE : METHOD_PAIRED;
-    m_dAlpha = pair_AlphaFromLevel(dlg.m_strLevel);
+    m_dAlpha = dlg_AlphaFromLevel(dlg.m_strLevel);
     m_strTitle = dlg.m_strTitle;
     m_bScale = dlg.m_bScale;
-    if (int rc = pair_Expand(dlg.m_items, &m_items)) return rc;
+    if (int rc = pair_Expand(dlg.m_pairs, &m_pairs)) return rc;
     return Compute();
 }
 
 int CComprDoc::Compute() {
-    m_dLow = 1e20;
-    m_dHigh = -1e20;
-    for (int i = 0; i < PairCount(); ++i) {
-        CMultiFileItem& a = m_items[2 * static_cast<std::size_t>(i)];
-        CMultiFileItem& b = m_items[2 * static_cast<std::size_t>(i) + 1];
-        int rc = m_nMethod == METHOD_PAIRED ? ComputePaired(a, b) : ComputeTwoSample(a, b);
+    m_results = PairResults{};
+    m_results.rows.resize(m_pairs.size());
+    for (std::size_t i = 0; i < m_pairs.size(); ++i) m_results.rows[i].ident = m_pairs[i].a.Identifier();
+    for (std::size_t i = 0; i < m_pairs.size(); ++i) {
+        PairRow& row = m_results.rows[i];
+        int rc = m_nMethod == METHOD_PAIRED ? ComputePaired(m_pairs[i], row) : ComputeTwoSample(m_pairs[i], row);
         if (rc) return rc;
-        WidenRange(a.m_dLower, a.m_dUpper, &m_dLow, &m_dHigh);
+        WidenRange(row.lower, row.upper, &m_results.low, &m_results.high);
     }
     // The zero difference is always in view.
-    WidenRange(0.0, 0.0, &m_dLow, &m_dHigh);
+    WidenRange(0.0, 0.0, &m_results.low, &m_results.high);
     return 0;
 }
 
-int CComprDoc::ComputePaired(CMultiFileItem& a, CMultiFileItem& b) {
+int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
+    const CMultiFileItem& a = pair.a;
+    const CMultiFileItem& b = pair.b;
     CObsReader readA;
     CObsReader readB;
     if (int rc = readA.Open(a.m_strPath, a.m_nTreatment)) return rc;
@@ -87,17 +90,15 @@ int CComprDoc::ComputePaired(CMultiFileItem& a, CMultiFileItem& b) {
     double hw = t * std::sqrt(variance) / std::sqrt(static_cast<double>(n));
     if (!st_IntervalHolds(mean, std::sqrt(variance), mean - hw, mean + hw)) return IDS_INTERVAL_ERROR;
 
-    StoreResults(a, mean, std::sqrt(variance), hw);
-    StoreResults(b, mean, std::sqrt(variance), hw);
-    a.m_dMin = sa.min;
-    a.m_dMax = sa.max;
-    b.m_dMin = sb.min;
-    b.m_dMax = sb.max;
-    a.m_lNumObs = b.m_lNumObs = n;
+    StoreResults(row, mean, std::sqrt(variance), hw);
+    row.a = {sa.min, sa.max, n};
+    row.b = {sb.min, sb.max, n};
     return 0;
 }
 
-int CComprDoc::ComputeTwoSample(CMultiFileItem& a, CMultiFileItem& b) {
+int CComprDoc::ComputeTwoSample(const CFilePairItem& pair, PairRow& row) {
+    const CMultiFileItem& a = pair.a;
+    const CMultiFileItem& b = pair.b;
     CFileSample sa;
     if (int rc = pair_ReadSample(a, &sa)) return rc;
     long na = sa.sums.Count();
@@ -124,13 +125,8 @@ int CComprDoc::ComputeTwoSample(CMultiFileItem& a, CMultiFileItem& b) {
     double estimate = sa.sums.Mean() - sb.sums.Mean();
     if (!st_IntervalHolds(estimate, se, estimate - hw, estimate + hw)) return IDS_INTERVAL_ERROR;
 
-    StoreResults(a, estimate, se, hw);
-    StoreResults(b, estimate, se, hw);
-    a.m_dMin = sa.min;
-    a.m_dMax = sa.max;
-    a.m_lNumObs = na;
-    b.m_dMin = sb.min;
-    b.m_dMax = sb.max;
-    b.m_lNumObs = nb;
+    StoreResults(row, estimate, se, hw);
+    row.a = {sa.min, sa.max, na};
+    row.b = {sb.min, sb.max, nb};
     return 0;
 }

@@ -7,7 +7,8 @@
 #include <vector>
 
 #include "datafile/SingleDoc.h"
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
+#include "stats/PairResults.h"
 
 class CComprDoc : public CBaseFileDoc {
 public:
@@ -23,27 +24,16 @@ public:
     double m_dAlpha = 0.05;
     std::string m_strTitle;
     bool m_bScale = false;
+    // The pairs computed, "All" pairs already expanded.
+    std::vector<CFilePairItem> m_pairs;
 
-    // The computed pairs: entries 2i (A) and 2i + 1 (B), "All" pairs already
-    // expanded. Both entries of a pair hold the pair's estimate (m_dAverage),
-    // standard deviation (m_dStdDev: of the differences for paired-t, the
-    // standard error for two-sample-t), half-width, and the interval
-    // m_dLower = estimate - half-width, m_dUpper = estimate + half-width; each
-    // holds its own file's m_dMin, m_dMax and m_lNumObs (the number of pairs
-    // for paired-t).
-    std::vector<CMultiFileItem> m_items;
+    // One row per pair: the estimate is the difference of the means.
+    const PairResults& Results() const { return m_results; }
 
-    // Chart range over all intervals, always holding 0.
-    double m_dLow = 1e20;
-    double m_dHigh = -1e20;
-
-    int PairCount() const { return static_cast<int>(m_items.size() / 2); }
-    const CMultiFileItem& PairA(int i) const { return m_items[2 * static_cast<std::size_t>(i)]; }
-    const CMultiFileItem& PairB(int i) const { return m_items[2 * static_cast<std::size_t>(i) + 1]; }
-    // The pair's name in the report and on the chart: file A's identifier.
-    const std::string& PairIdentifier(int i) const { return PairA(i).Identifier(); }
+protected:
+    PairResults m_results;
 
 private:
-    int ComputePaired(CMultiFileItem& a, CMultiFileItem& b);
-    int ComputeTwoSample(CMultiFileItem& a, CMultiFileItem& b);
+    int ComputePaired(const CFilePairItem& pair, PairRow& row);
+    int ComputeTwoSample(const CFilePairItem& pair, PairRow& row);
 };

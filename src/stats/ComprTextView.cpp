@@ -12,15 +12,13 @@ void CComprTextView::WriteReport(FILE* f) {
     std::fprintf(f, msg_Text(15979).c_str(), 1.0 - doc->m_dAlpha);
     std::fputs(msg_Text(15980).c_str(), f);
     std::fputs(msg_Text(15981).c_str(), f);
-    for (int i = 0; i < doc->PairCount(); ++i) {
-        const CMultiFileItem& a = doc->PairA(i);
-        const CMultiFileItem& b = doc->PairB(i);
-        const std::string& ident = doc->PairIdentifier(i);
-        std::fprintf(f, msg_Text(15982).c_str(), ident.c_str(), a.m_dAverage, a.m_dStdDev, a.m_dHalfWidth, a.m_dMin,
-                     a.m_dMax, a.m_lNumObs);
-        pair_WriteSecondLine(f, ident, 15983, 16041, b.m_dMin, b.m_dMax, b.m_lNumObs);
+    for (const PairRow& row : doc->Results().rows) {
+        const std::string& ident = row.ident;
+        std::fprintf(f, msg_Text(15982).c_str(), ident.c_str(), row.estimate, row.stdDev, row.halfWidth, row.a.min,
+                     row.a.max, row.a.numObs);
+        pair_WriteSecondLine(f, ident, 15983, 16041, row.b.min, row.b.max, row.b.numObs);
         // 0 on the closed interval means the data do not reject equal means.
-        bool reject = a.m_dLower > 0.0 || a.m_dUpper < 0.0;
+        bool reject = row.lower > 0.0 || row.upper < 0.0;
         std::fprintf(f, msg_Text(reject ? 15985 : 15984).c_str(), doc->m_dAlpha);
     }
 }

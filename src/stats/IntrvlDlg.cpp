@@ -1,9 +1,7 @@
 #include "stats/IntrvlDlg.h"
 
-#include <unistd.h>
-
 #include "datafile/DataFile.h"
-#include "datafile/RepChecks.h"
+#include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 
 const char* const CIntrvlDlg::kLevels[3] = {"0.99", "0.95", "0.90"};
@@ -14,11 +12,11 @@ int CIntrvlDlg::Fail(int id, int row) {
         case IDS_INVALID_REP_TREATMENT:
         case IDS_TIME_PERSISTENT:
         case IDS_FILE_NOT_FOUND:
-            SetFocusControl(kFileListControl);
+            SetFocusControl(DlgControl::FileList);
             m_nSelected = row;
             break;
         case IDS_BAD_CONFIDENCE_LEVEL:
-            SetFocusControl(kLevelControl);
+            SetFocusControl(DlgControl::Level);
             break;
         default:
             break;
@@ -32,7 +30,7 @@ int CIntrvlDlg::OnChange(int selectedRow) const {
 }
 
 int CIntrvlDlg::Validate(int* failingIndex) {
-    SetFocusControl("");
+    SetFocusControl(DlgControl::None);
     m_nSelected = -1;
     if (m_items.empty()) return Fail(IDS_NO_FILES, -1);
 
@@ -44,23 +42,11 @@ int CIntrvlDlg::Validate(int* failingIndex) {
         const int row = static_cast<int>(i);
         if (failingIndex) *failingIndex = row;
         CMultiFileItem& item = m_items[i];
-        item.m_nTreatment = op_ParseRepTreatment(item.m_strReps.c_str());
-        const char* path = item.m_strPath.c_str();
-        if (::access(path, F_OK) != 0) return Fail(IDS_FILE_NOT_FOUND, row);
-        if (rep_CheckTreatment(item.m_nTreatment)) return Fail(IDS_INVALID_REP_TREATMENT, row);
-        int kind = 0, reinit = 0, count = 0;
-        std::string title;
-        if (op_CheckFileHdr(path, &kind, &reinit, &count, &title, 2) == IDS_INVALID_HEADER)
-            return Fail(IDS_INVALID_DATA_FILE, row);
-        // Only the replication means of time-persistent data would be
-        // observations, and the treatment check above already refuses them.
-        if (op_IsTimePersistent(kind) && item.m_nTreatment != REP_REPMEANS) return Fail(IDS_TIME_PERSISTENT, row);
+        DataFileCheck file{item.m_strPath, item.m_strReps};
+        int rc = dlg_CheckDataFile(file, {FileCheck::Exists, FileCheck::Treatment, FileCheck::Header,
+                                          FileCheck::NotTimePersistent});
+        item.m_nTreatment = file.treatment;
+        if (rc) return Fail(rc, row);
     }
     return 0;
-}
-
-double intrvl_AlphaFromLevel(const std::string& level) {
-    double value = 0.0;
-    op_ParseNumber(level.c_str(), &value);
-    return value > 1.0 ? 1.0 - value / 100.0 : 1.0 - value;
 }

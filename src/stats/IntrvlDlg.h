@@ -6,11 +6,7 @@
 
 #include <cstddef>
 
-#include "graph/FileDialogs.h"
-
-// Controls that take the focus when a check fails.
-inline constexpr const char* kFileListControl = "FileList";
-inline constexpr const char* kLevelControl = "ConfidenceLevel";
+#include "dialog/FileDialogs.h"
 
 class CIntrvlDlg : public CBaseMultiDlg {
 public:
@@ -47,7 +43,3 @@ class CSdIntDlg : public CIntrvlDlg {
 public:
     CSdIntDlg() = default;
 };
-
-// Confidence level text to the error probability of the interval: a level
-// above 1 is a percentage. Text that is not a number counts as 0.
-double intrvl_AlphaFromLevel(const std::string& level);

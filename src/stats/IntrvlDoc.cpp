@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "datafile/DataFile.h"
+#include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 #include "stats/Distributions.h"
@@ -17,7 +18,7 @@ int CIntrvlDoc::InitFromDialog(CDialog& dlg) {
     m_strTitle = d->m_strTitle;
     m_bScale = d->m_bScale;
     m_items = d->m_items;
-    m_dAlpha = intrvl_AlphaFromLevel(d->m_strLevel);
+    m_dAlpha = dlg_AlphaFromLevel(d->m_strLevel);
     return Compute(m_dAlpha);
 }
 
@@ -25,33 +26,28 @@ long CIntrvlDoc::LegendPercent() const { return std::lround((1.0 - m_dAlpha) * 1
 
 int CIntrvlDoc::Compute(double alpha) {
     m_dAlpha = alpha;
-    m_dGraphLow = 1e20;
-    m_dGraphHigh = -1e20;
-    std::vector<CMultiFileItem> rows;
+    m_results = IntervalResults{};
     int noObs = 0;
-    for (const CMultiFileItem& entry : m_items) {
-        if (int rc = ComputeEntry(entry, rows, alpha, &noObs)) {
-            m_items = std::move(rows);
-            return rc;
-        }
-    }
-    m_items = std::move(rows);
+    for (const CMultiFileItem& entry : m_items)
+        if (int rc = ComputeEntry(entry, alpha, &noObs)) return rc;
     return noObs;
 }
 
-int CIntrvlDoc::ComputeEntry(const CMultiFileItem& entry, std::vector<CMultiFileItem>& rows, double alpha,
-                             int* noObs) {
+int CIntrvlDoc::ComputeEntry(const CMultiFileItem& entry, double alpha, int* noObs) {
     CObsStream in;
     if (int rc = in.Open(entry.m_strPath, entry.m_nTreatment)) return rc;
+    std::vector<IntervalRow>& rows = m_results.rows;
     do {
-        CMultiFileItem row = entry;
+        IntervalRow row;
+        row.ident = entry.Identifier();
+        row.treatment = entry.m_nTreatment;
         if (entry.m_nTreatment == REP_ALL) {
-            row.m_strIdent = entry.Identifier() + "@" + std::to_string(in.Replication());
-            row.m_nTreatment = in.Replication();
+            row.ident += "@" + std::to_string(in.Replication());
+            row.treatment = in.Replication();
         }
         const int index = static_cast<int>(rows.size());
         int rc = ComputeRow(in, row, alpha);
-        if (rc == 0) rc = WriteGraphRecord(index, row);
+        if (rc == 0) rc = CheckGraphRoom(index);
         rows.push_back(row);
         if (rc == IDS_NO_OBSERVATIONS && !StopOnEmptyRow()) {
             *noObs = rc;
@@ -63,7 +59,7 @@ int CIntrvlDoc::ComputeEntry(const CMultiFileItem& entry, std::vector<CMultiFile
     return 0;
 }
 
-int CIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
+int CIntrvlDoc::ComputeRow(CObsStream& in, IntervalRow& row, double alpha) {
     // Time-persistent data count the time each value was held; the dialog
     // refuses such files, so n is a plain count in practice.
     const bool timeWeighted = op_IsTimePersistent(in.Kind());
@@ -92,32 +88,26 @@ int CIntrvlDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
     const double halfWidth = st_TQuantile(df, alpha / 2.0) * stdDev / std::sqrt(n);
     if (!st_IntervalHolds(average, stdDev, average - halfWidth, average + halfWidth)) return IDS_INTERVAL_ERROR;
 
-    row.m_dAverage = average;
-    row.m_dStdDev = stdDev;
-    row.m_dHalfWidth = halfWidth;
-    row.m_dLower = average - halfWidth;
-    row.m_dUpper = average + halfWidth;
-    row.m_dMin = sample.Min();
-    row.m_dMax = sample.Max();
-    row.m_lNumObs = WholeLong(n);
-    row.m_bComputed = true;
-    WidenGraphRange(row.m_dMin, row.m_dMax);
-    WidenGraphRange(row.m_dLower, row.m_dUpper);
+    row.average = average;
+    row.stdDev = stdDev;
+    row.halfWidth = halfWidth;
+    row.lower = average - halfWidth;
+    row.upper = average + halfWidth;
+    row.min = sample.Min();
+    row.max = sample.Max();
+    row.numObs = WholeLong(n);
+    row.computed = true;
+    WidenGraphRange(row.min, row.max);
+    WidenGraphRange(row.lower, row.upper);
     return 0;
 }
 
-int CIntrvlDoc::WriteGraphRecord(int row, const CMultiFileItem& item) {
+int CIntrvlDoc::CheckGraphRoom(int row) const {
     const int at = GraphRecordOffset(row);
-    if (at < 0 || at + 5 > MAX_POINTS) return IDS_BUFFER_EXCEEDED;
-    g_WorkTable[at] = item.m_dAverage;
-    g_WorkTable[at + 1] = item.m_dLower;
-    g_WorkTable[at + 2] = item.m_dUpper;
-    g_WorkTable[at + 3] = item.m_dMin;
-    g_WorkTable[at + 4] = item.m_dMax;
-    return 0;
+    return (at < 0 || at + 5 > MAX_POINTS) ? IDS_BUFFER_EXCEEDED : 0;
 }
 
 void CIntrvlDoc::WidenGraphRange(double low, double high) {
-    if (low < m_dGraphLow) m_dGraphLow = low;
-    if (high > m_dGraphHigh) m_dGraphHigh = high;
+    if (low < m_results.graphLow) m_results.graphLow = low;
+    if (high > m_results.graphHigh) m_results.graphHigh = high;
 }

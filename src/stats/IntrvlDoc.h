@@ -4,15 +4,14 @@
 //
 // The rows of the result are the dialog's entries, except that an entry under
 // the "all" treatment becomes one row per replication, identified PATH@N.
-// Each row's graph record goes to the module-wide work table; the overall
-// graph range stays in the document for the chart.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "datafile/SingleDoc.h"
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
+#include "stats/IntervalResults.h"
 
 class CObsStream;
 
@@ -27,8 +26,9 @@ public:
     // Computes every row at the error probability alpha. 0 or a message id.
     virtual int Compute(double alpha);
 
-    // Where row i's graph record starts in g_WorkTable (five doubles: the
-    // estimate, lower limit, upper limit, minimum, maximum).
+    // Where row i's graph record (five doubles: the estimate, lower limit,
+    // upper limit, minimum, maximum) would start in the charts' table of
+    // MAX_POINTS doubles; a row whose record would not fit fails with 15934.
     virtual int GraphRecordOffset(int row) const { return 5 * row; }
     // The chart's title, "Observation Intervals".
     virtual int GraphTitleId() const { return 15952; }
@@ -38,20 +38,23 @@ public:
     double m_dAlpha = 0.05;
     std::string m_strTitle;
     bool m_bScale = false;
-    std::vector<CMultiFileItem> m_items;  // the result rows once computed
-    double m_dGraphLow = 1e20;
-    double m_dGraphHigh = -1e20;
+    std::vector<CMultiFileItem> m_items;  // the entries of the list
+
+    const IntervalResults& Results() const { return m_results; }
 
 protected:
     // Computes one row from the stream's current row; 0, 15901 (no
     // observations, the row keeps no results) or another message id.
-    virtual int ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha);
-    // The rows of entry, computed, appended to rows. Stops at the first id
-    // other than 15901; 15901 is kept in *noObs and the rows go on.
-    int ComputeEntry(const CMultiFileItem& entry, std::vector<CMultiFileItem>& rows, double alpha, int* noObs);
-    // Writes row i's record into the work table; 15934 when it does not fit.
-    virtual int WriteGraphRecord(int row, const CMultiFileItem& item);
+    virtual int ComputeRow(CObsStream& in, IntervalRow& row, double alpha);
+    // The rows of entry, computed, appended to the results. Stops at the first
+    // id other than 15901; 15901 is kept in *noObs and the rows go on.
+    int ComputeEntry(const CMultiFileItem& entry, double alpha, int* noObs);
+    // 15934 when row i's graph record would not fit the charts' table.
+    int CheckGraphRoom(int row) const;
     void WidenGraphRange(double low, double high);
     // Whether a row without observations stops the computation.
     virtual bool StopOnEmptyRow() const { return false; }
+
+private:
+    IntervalResults m_results;
 };

@@ -17,10 +17,10 @@ void CIntrvlTextView::WriteReport(FILE* f) {
     std::fprintf(f, "\n");
     std::fprintf(f, msg_Text(m_nHeader1Id).c_str(), 1.0 - doc->m_dAlpha);
     std::fputs(msg_Text(m_nHeader2Id).c_str(), f);
-    for (const CMultiFileItem& row : doc->m_items) {
-        const std::string& ident = row.Identifier();
-        std::fprintf(f, "%-20.20s %10.3g %10.3g   %10.3g %10.3g %10.3g %7ld\n", ident.c_str(), row.m_dAverage,
-                     row.m_dStdDev, row.m_dHalfWidth, row.m_dMin, row.m_dMax, row.m_lNumObs);
+    for (const IntervalRow& row : doc->Results().rows) {
+        const std::string& ident = row.ident;
+        std::fprintf(f, "%-20.20s %10.3g %10.3g   %10.3g %10.3g %10.3g %7ld\n", ident.c_str(), row.average,
+                     row.stdDev, row.halfWidth, row.min, row.max, row.numObs);
         if (ident.size() > kIdentWidth) std::fprintf(f, "%-s\n", ident.c_str() + kIdentWidth);
     }
 }

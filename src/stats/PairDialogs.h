@@ -3,16 +3,12 @@
 // range of confidence levels they take.
 #pragma once
 
-#include "graph/FileDialogs.h"
-
-// Controls that take the focus after a failed check.
-inline constexpr const char* IDC_PAIRLIST = "IDC_PAIRLIST";
-inline constexpr const char* IDC_LEVEL = "IDC_LEVEL";
+#include "dialog/FileDialogs.h"
 
 // The file checks shared by the pair dialogs, pair by pair, A before B; the
 // failing pair's index goes to *failingIndex. Refreshes each entry's treatment
 // from its text.
-int pair_CheckFiles(std::vector<CMultiFileItem>& items, int* failingIndex);
+int pair_CheckFiles(std::vector<CFilePairItem>& pairs, int* failingIndex);
 
 class CComprDlg : public CBasePairsDlg {
 public:

@@ -70,14 +70,13 @@ constexpr int kFirstMessageId = 15000;
 
 }  // namespace
 
-int pair_Expand(const std::vector<CMultiFileItem>& dialogItems, std::vector<CMultiFileItem>* pairs) {
+int pair_Expand(const std::vector<CFilePairItem>& dialogPairs, std::vector<CFilePairItem>* pairs) {
     pairs->clear();
-    for (std::size_t i = 0; i + 1 < dialogItems.size(); i += 2) {
-        const CMultiFileItem& a = dialogItems[i];
-        const CMultiFileItem& b = dialogItems[i + 1];
+    for (const CFilePairItem& pair : dialogPairs) {
+        const CMultiFileItem& a = pair.a;
+        const CMultiFileItem& b = pair.b;
         if (a.m_nTreatment != REP_ALL || b.m_nTreatment != REP_ALL) {
-            pairs->push_back(a);
-            pairs->push_back(b);
+            pairs->push_back(pair);
             continue;
         }
         int countA = op_CountReps(a.m_strPath.c_str());
@@ -91,15 +90,8 @@ int pair_Expand(const std::vector<CMultiFileItem>& dialogItems, std::vector<CMul
             ra.m_nTreatment = rb.m_nTreatment = r;
             ra.m_strReps = rb.m_strReps = std::to_string(r);
             ra.m_strIdent = a.Identifier() + "@" + std::to_string(r);
-            pairs->push_back(std::move(ra));
-            pairs->push_back(std::move(rb));
+            pairs->push_back({std::move(ra), std::move(rb)});
         }
     }
     return 0;
-}
-
-double pair_AlphaFromLevel(const std::string& levelText) {
-    double level = 0.0;
-    op_ParseNumber(levelText.c_str(), &level);
-    return level > 1.0 ? 1.0 - level / 100.0 : 1.0 - level;
 }

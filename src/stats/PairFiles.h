@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "datafile/FileGlobals.h"
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
 #include "stats/ShiftedSums.h"
 
 // Observations of one data file under one treatment: -2.0 markers are passed
@@ -59,11 +59,8 @@ struct CFileSample {
 // Reads every observation of an entry (path and treatment). 0 or a message id.
 int pair_ReadSample(const CMultiFileItem& item, CFileSample* sample);
 
-// Expands the dialog's pairs (entries 2i and 2i + 1) into the computed pairs.
-// A pair whose files both say "All" becomes one pair per replication, up to the
-// smaller replication count, A's identifier followed by "@i"; other pairs are
-// copied. Treatments are taken from m_nTreatment. 0 or a message id.
-int pair_Expand(const std::vector<CMultiFileItem>& dialogItems, std::vector<CMultiFileItem>* pairs);
-
-// The level the user typed as alpha: a level above 1 is a percentage.
-double pair_AlphaFromLevel(const std::string& levelText);
+// Expands the dialog's pairs into the computed pairs. A pair whose files both
+// say "All" becomes one pair per replication, up to the smaller replication
+// count, A's identifier followed by "@i"; other pairs are copied. Treatments
+// are taken from m_nTreatment. 0 or a message id.
+int pair_Expand(const std::vector<CFilePairItem>& dialogPairs, std::vector<CFilePairItem>* pairs);

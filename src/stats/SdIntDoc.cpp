@@ -9,7 +9,7 @@
 #include "stats/Moments.h"
 #include "stats/ObsStream.h"
 
-int CSdIntDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
+int CSdIntDoc::ComputeRow(CObsStream& in, IntervalRow& row, double alpha) {
     CMoments sample;
     double time = 0.0, value = 0.0;
     while (in.Next(&time, &value)) sample.Add(value);
@@ -27,26 +27,15 @@ int CSdIntDoc::ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) {
     const double upper = std::sqrt(scaled / qLow);
     if (!st_IntervalHolds(s, s, lower, upper)) return IDS_SD_INTERVAL_ERROR;
 
-    row.m_dAverage = sample.Mean();
-    row.m_dStdDev = s;
-    row.m_dLower = lower;
-    row.m_dUpper = upper;
-    row.m_dMin = sample.Min();
-    row.m_dMax = sample.Max();
-    row.m_dRange = row.m_dMax - row.m_dMin;
-    row.m_lNumObs = n;
-    row.m_bComputed = true;
-    WidenGraphRange(row.m_dLower, row.m_dUpper);
-    return 0;
-}
-
-int CSdIntDoc::WriteGraphRecord(int row, const CMultiFileItem& item) {
-    const int at = GraphRecordOffset(row);
-    if (at < 0 || at + 5 > MAX_POINTS) return IDS_BUFFER_EXCEEDED;
-    g_WorkTable[at] = item.m_dStdDev;
-    g_WorkTable[at + 1] = item.m_dLower;
-    g_WorkTable[at + 2] = item.m_dUpper;
-    g_WorkTable[at + 3] = item.m_dMin;
-    g_WorkTable[at + 4] = item.m_dMax;
+    row.average = sample.Mean();
+    row.stdDev = s;
+    row.lower = lower;
+    row.upper = upper;
+    row.min = sample.Min();
+    row.max = sample.Max();
+    row.range = row.max - row.min;
+    row.numObs = n;
+    row.computed = true;
+    WidenGraphRange(row.lower, row.upper);
     return 0;
 }

@@ -2,9 +2,8 @@
 // list, the sample standard deviation with chi-square limits, the range and
 // the number of observations. Rows and treatments as in CIntrvlDoc.
 //
-// Graph records overlap: row i's five doubles start at 3i + 2, so each row
-// overwrites the minimum and maximum of the row before and only the last row
-// keeps them. The chart reads the first three of each record.
+// The chart's table holds row i's record at 3i + 2, records overlapping: the
+// rows that fit are fewer than the classical intervals'.
 #pragma once
 
 #include "stats/IntrvlDoc.h"
@@ -18,7 +17,6 @@ public:
     int GraphTitleId() const override { return 15951; }
 
 protected:
-    int ComputeRow(CObsStream& in, CMultiFileItem& row, double alpha) override;
-    int WriteGraphRecord(int row, const CMultiFileItem& item) override;
+    int ComputeRow(CObsStream& in, IntervalRow& row, double alpha) override;
     bool StopOnEmptyRow() const override { return true; }
 };

@@ -18,7 +18,7 @@ void CSdIntTextView::WriteReport(FILE* f) {
     const double level = 1.0 - doc->m_dAlpha;
     std::fprintf(f, msg_Text(m_nHeader1Id).c_str(), level, level);
     std::fputs(msg_Text(m_nHeader2Id).c_str(), f);
-    for (const CMultiFileItem& row : doc->m_items)
-        std::fprintf(f, "%-16.16s %10.3g    %10.3g    %10.3g %10.3g   %7ld\n", row.Identifier().c_str(),
-                     row.m_dStdDev, row.m_dLower, row.m_dUpper, row.m_dRange, row.m_lNumObs);
+    for (const IntervalRow& row : doc->Results().rows)
+        std::fprintf(f, "%-16.16s %10.3g    %10.3g    %10.3g %10.3g   %7ld\n", row.ident.c_str(), row.stdDev,
+                     row.lower, row.upper, row.range, row.numObs);
 }

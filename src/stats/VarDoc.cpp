@@ -1,5 +1,8 @@
 #include "stats/VarDoc.h"
 
+#include <cmath>
+
+#include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 #include "stats/Distributions.h"
 #include "stats/IntervalCheck.h"
@@ -8,30 +11,34 @@
 
 int CVarDoc::InitFromDialog(CDialog& dialog) {
     auto& dlg = dynamic_cast<CVarDlg&>(dialog);
-    m_dAlpha = pair_AlphaFromLevel(dlg.m_strLevel);
+    m_dAlpha = dlg_AlphaFromLevel(dlg.m_strLevel);
     m_strTitle = dlg.m_strTitle;
     m_bScale = dlg.m_bScale;
-    if (int rc = pair_Expand(dlg.m_items, &m_items)) return rc;
+    if (int rc = pair_Expand(dlg.m_pairs, &m_pairs)) return rc;
     return Compute();
 }
 
 int CVarDoc::Compute() {
-    m_dLow = 1e20;
-    m_dHigh = -1e20;
-    for (int i = 0; i < PairCount(); ++i) {
-        CMultiFileItem& a = m_items[2 * static_cast<std::size_t>(i)];
-        CMultiFileItem& b = m_items[2 * static_cast<std::size_t>(i) + 1];
-        if (int rc = ComputePair(a, b)) return rc;
-        if (a.m_dLower < m_dLow) m_dLow = a.m_dLower;
-        if (a.m_dUpper > m_dHigh) m_dHigh = a.m_dUpper;
+    m_results = PairResults{};
+    m_results.rows.resize(m_pairs.size());
+    for (std::size_t i = 0; i < m_pairs.size(); ++i) m_results.rows[i].ident = m_pairs[i].a.Identifier();
+    double& low = m_results.low;
+    double& high = m_results.high;
+    for (std::size_t i = 0; i < m_pairs.size(); ++i) {
+        PairRow& row = m_results.rows[i];
+        if (int rc = ComputePair(m_pairs[i], row)) return rc;
+        if (row.lower < low) low = row.lower;
+        if (row.upper > high) high = row.upper;
     }
     // The ratio 1 is always in view.
-    if (1.0 < m_dLow) m_dLow = 1.0;
-    if (1.0 > m_dHigh) m_dHigh = 1.0;
+    if (1.0 < low) low = 1.0;
+    if (1.0 > high) high = 1.0;
     return 0;
 }
 
-int CVarDoc::ComputePair(CMultiFileItem& a, CMultiFileItem& b) {
+int CVarDoc::ComputePair(const CFilePairItem& pair, PairRow& row) {
+    const CMultiFileItem& a = pair.a;
+    const CMultiFileItem& b = pair.b;
     CFileSample sa;
     if (int rc = pair_ReadSample(a, &sa)) return rc;
     long na = sa.sums.Count();
@@ -52,20 +59,15 @@ int CVarDoc::ComputePair(CMultiFileItem& a, CMultiFileItem& b) {
     double f1 = st_FQuantile(dfa, dfb, m_dAlpha / 2.0);
     double f2 = st_FQuantile(dfb, dfa, m_dAlpha / 2.0);
     double lower = ratio / f1;
-    double upper = ratio * f2;
+    // With both NaN the quantile's NaN, sign and all, is the one reported.
+    double upper = std::isnan(f2) ? f2 : ratio * f2;
     if (!st_IntervalHolds(ratio, ratio, lower, upper)) return IDS_INTERVAL_ERROR;
 
-    for (CMultiFileItem* item : {&a, &b}) {
-        item->m_dAverage = ratio;
-        item->m_dLower = lower;
-        item->m_dUpper = upper;
-        item->m_bComputed = true;
-    }
-    a.m_dMin = sa.min;
-    a.m_dMax = sa.max;
-    a.m_lNumObs = na;
-    b.m_dMin = sb.min;
-    b.m_dMax = sb.max;
-    b.m_lNumObs = nb;
+    row.estimate = ratio;
+    row.lower = lower;
+    row.upper = upper;
+    row.computed = true;
+    row.a = {sa.min, sa.max, na};
+    row.b = {sb.min, sb.max, nb};
     return 0;
 }

@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "datafile/SingleDoc.h"
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
+#include "stats/PairResults.h"
 
 class CVarDoc : public CBaseFileDoc {
 public:
@@ -18,22 +19,15 @@ public:
     double m_dAlpha = 0.05;
     std::string m_strTitle;
     bool m_bScale = false;
+    // The pairs computed, "All" pairs already expanded.
+    std::vector<CFilePairItem> m_pairs;
 
-    // The computed pairs: entries 2i (A) and 2i + 1 (B), "All" pairs already
-    // expanded. Both entries hold the variance ratio (m_dAverage) and the
-    // interval limits m_dLower and m_dUpper; each holds its own file's
-    // m_dMin, m_dMax and m_lNumObs.
-    std::vector<CMultiFileItem> m_items;
+    // One row per pair: the estimate is the variance ratio, with its limits.
+    const PairResults& Results() const { return m_results; }
 
-    // Chart range over all intervals, always holding the ratio 1.
-    double m_dLow = 1e20;
-    double m_dHigh = -1e20;
-
-    int PairCount() const { return static_cast<int>(m_items.size() / 2); }
-    const CMultiFileItem& PairA(int i) const { return m_items[2 * static_cast<std::size_t>(i)]; }
-    const CMultiFileItem& PairB(int i) const { return m_items[2 * static_cast<std::size_t>(i) + 1]; }
-    const std::string& PairIdentifier(int i) const { return PairA(i).Identifier(); }
+protected:
+    PairResults m_results;
 
 private:
-    int ComputePair(CMultiFileItem& a, CMultiFileItem& b);
+    int ComputePair(const CFilePairItem& pair, PairRow& row);
 };

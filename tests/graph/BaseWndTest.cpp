@@ -1,10 +1,13 @@
-// Frame captions, the split frame's first pane, and wrapped text.
+// Frame captions, the panes of a frame, and wrapped text.
 #include <gtest/gtest.h>
 
 #include "GraphTestUtil.h"
 #include "graph/BaseView.h"
 #include "graph/BaseWnd.h"
+#include "framework/Frame.h"
+#include "graph/FramePanes.h"
 #include "graph/GraphDoc.h"
+#include "report/TextView.h"
 
 namespace {
 
@@ -32,20 +35,49 @@ TEST(BaseWndSplit, FirstPaneIsFortyPercentOrTheDocumentsMinimum) {
     EXPECT_EQ(CBaseWndSplit::FirstPaneHeight(999, 0), 399);
 }
 
-std::unique_ptr<CView> MakeView() { return std::make_unique<CBaseView>(); }
+class Report : public CTextView {
+public:
+    void WriteReport(FILE*) override {}
+};
 
-TEST(BaseWndSplit, CreatesBothPanesOrFails) {
-    CGraphDoc doc;
-    doc.m_nMinFirstPane = 300;
-    CBaseWndSplit frame;
-    SplitPanes panes;
-    EXPECT_FALSE(frame.OnCreateClient(CRect{0, 0, 640, 480}, MakeView, doc, &panes));  // no second view
-    doc.m_pSecondView = MakeView;
-    ASSERT_TRUE(frame.OnCreateClient(CRect{0, 0, 640, 480}, MakeView, doc, &panes));
-    EXPECT_EQ(panes.first.Height(), 300);
-    EXPECT_EQ(panes.second.Height(), 180);
-    EXPECT_EQ(panes.second.Width(), 640);
-    EXPECT_EQ(panes.secondView->GetDocument(), &doc);
+// A frame of doc's class holding a graph and a second view (a report, or a
+// second graph as the plot's legend is).
+std::unique_ptr<CDocFrame> Frame(const char* frameClass, bool secondIsGraph) {
+    auto doc = std::make_unique<CGraphDoc>();
+    doc->m_nMinFirstPane = 300;
+    std::vector<std::unique_ptr<CObject>> views;
+    views.push_back(std::make_unique<CBaseView>());
+    if (secondIsGraph)
+        views.push_back(std::make_unique<CBaseView>());
+    else
+        views.push_back(std::make_unique<Report>());
+    return std::make_unique<CDocFrame>(frameClass, std::move(doc), std::move(views));
+}
+
+TEST(FramePanes, SplitFramesGiveTheGraphTheFirstPane) {
+    struct Case {
+        const char* frameClass;
+        bool secondIsGraph, graphsOnly;
+        std::vector<int> heights;  // of the panes, top to bottom
+    } const cases[] = {
+        {"CBaseWndSplit", false, false, {300, 180}},
+        {"CBaseWndSplit", false, true, {480}},  // the report left out: the graph takes all
+        {"CBaseWndSplit", true, true, {300, 180}},
+        {"CBaseWnd", false, false, {480}},
+    };
+    for (const Case& c : cases) {
+        auto frame = Frame(c.frameClass, c.secondIsGraph);
+        std::vector<FramePane> panes = frame_Panes(*frame, 640, 480, c.graphsOnly);
+        ASSERT_EQ(panes.size(), c.heights.size()) << c.frameClass << c.graphsOnly;
+        int top = 0;
+        for (std::size_t i = 0; i < panes.size(); ++i) {
+            EXPECT_EQ(panes[i].view, frame->Views()[i].get());
+            EXPECT_EQ(panes[i].rect.top, top);
+            EXPECT_EQ(panes[i].rect.Height(), c.heights[i]);
+            EXPECT_EQ(panes[i].rect.Width(), 640);
+            top += c.heights[i];
+        }
+    }
 }
 
 TEST(BaseScrollView, WrapsAtBlanksAndPrintsOnOnePage) {

@@ -1,14 +1,14 @@
-// The interval charts and the correlogram, drawn from graph records and
-// ranges set by hand.
+// The interval charts and the correlogram, drawn from results set by hand.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
 #include "GraphTestUtil.h"
-#include "datafile/FileGlobals.h"
-#include "graph/CorrView.h"
-#include "graph/IntervalViews.h"
+#include "series/CorrView.h"
+#include "stats/IntrvlView.h"
+#include "stats/PairViews.h"
+#include "series/StdIntView.h"
 #include "series/CorrDoc.h"
 #include "stats/ComprDoc.h"
 
@@ -21,40 +21,44 @@ TEST(IntervalChart, LegendIsTheLevelInWholePercent) {
     EXPECT_EQ(chart_LegendText(0.985), " 2% CL");   // "%2ld"
 }
 
-TEST(IntervalChart, StandardDeviationRecordsOverlapAtAStrideOfThree) {
-    // Three files' records of (s, lower, upper, min, max) written at 3i + 2:
-    // each overwrites the previous minimum and maximum.
-    const double records[3][5] = {{1, 0.5, 2, 90, 91}, {3, 2.5, 4, 92, 93}, {5, 4.5, 6, 94, 95}};
-    for (int i = 0; i < 3; ++i)
-        for (int j = 0; j < 5; ++j) g_WorkTable[3 * i + 2 + j] = records[i][j];
-    CSdIntView view;
-    view.SetRecords({"a", "b", "c"}, {2, 5, 8}, 0.5, 6.0, 0.05, false);
-    ASSERT_EQ(view.m_chart.items.size(), 3u);
-    EXPECT_EQ(view.m_chart.items[1].estimate, 3.0);
-    EXPECT_EQ(view.m_chart.items[1].lower, 2.5);
-    EXPECT_EQ(view.m_chart.items[1].upper, 4.0);
-    EXPECT_FALSE(view.m_chart.items[1].extremes);
-    EXPECT_EQ(view.m_chart.title, "Standard Deviation Intervals");
+// Results of two files: (average, s, lower, upper, min, max) and one row
+// without observations.
+IntervalResults TwoRows() {
+    IntervalResults r;
+    r.rows.resize(3);
+    r.rows[0] = {"a", 1, 5.0, 1.0, 0.0, 4.0, 6.0, 0.0, 10.0, 0.0, 5, true};
+    r.rows[1] = {"empty", 1};
+    r.rows[2] = {"b", 1, 3.0, 2.0, 0.0, 2.5, 4.0, 92.0, 93.0, 0.0, 5, true};
+    r.graphLow = 0.0;
+    r.graphHigh = 10.0;
+    return r;
+}
 
-    // The classical records lie one after another, five doubles each.
-    for (int i = 0; i < 2; ++i)
-        for (int j = 0; j < 5; ++j) g_WorkTable[5 * i + j] = records[i][j];
+TEST(IntervalChart, ViewsTakeTheComputedRows) {
     CIntrvlView mean;
-    mean.SetRecords({"a", "b"}, {0, 5}, 0.5, 93.0, 0.05, false);
+    mean.SetResults(TwoRows(), 0.05, false);
+    ASSERT_EQ(mean.m_chart.items.size(), 2u);
+    EXPECT_EQ(mean.m_chart.items[1].name, "b");
+    EXPECT_EQ(mean.m_chart.items[1].estimate, 3.0);
     EXPECT_EQ(mean.m_chart.items[1].minimum, 92.0);
-    EXPECT_EQ(mean.m_chart.items[1].maximum, 93.0);
+    EXPECT_TRUE(mean.m_chart.items[1].extremes);
     EXPECT_EQ(mean.m_chart.title, "Observation Intervals");
+    // The standard deviation's chart marks s within its limits, without extremes.
+    CSdIntView sd;
+    sd.SetResults(TwoRows(), 0.05, false);
+    EXPECT_EQ(sd.m_chart.items[1].estimate, 2.0);
+    EXPECT_EQ(sd.m_chart.items[1].upper, 4.0);
+    EXPECT_FALSE(sd.m_chart.items[1].extremes);
+    EXPECT_EQ(sd.m_chart.title, "Standard Deviation Intervals");
     EXPECT_EQ(CStdIntView().m_chart.title, "");
 }
 
 TEST(IntervalChart, MarksSitAtTheirValues) {
-    g_WorkTable[0] = 5.0;  // estimate
-    g_WorkTable[1] = 4.0;  // lower
-    g_WorkTable[2] = 6.0;  // upper
-    g_WorkTable[3] = 0.0;  // minimum
-    g_WorkTable[4] = 10.0; // maximum
+    IntervalResults one = TwoRows();
+    one.rows.resize(1);
+    one.rows[0].ident = "waits.dat";
     CIntrvlView view;
-    view.SetRecords({"waits.dat"}, {0}, 0.0, 10.0, 0.10, false);
+    view.SetResults(one, 0.10, false);
     view.SetClientRect(CRect{0, 0, 800, 600});
     CRecordingDC dc;
     view.OnDraw(dc);
@@ -135,17 +139,25 @@ TEST(CorrView, BarsInTwoColoursFromLagToLag) {
 
 namespace {
 
+// Documents whose results a test sets.
+struct MeansDoc : CComprDoc {
+    using CComprDoc::m_results;
+};
+struct LagsDoc : CCorrDoc {
+    using CCorrDoc::m_results;
+};
+
 TEST(ChartViews, TakeTheirDocumentsResults) {
-    CComprDoc means;
+    MeansDoc means;
     means.m_nMethod = CComprDoc::METHOD_PAIRED;
     means.m_dAlpha = 0.1;
-    means.m_dLow = -1.0;
-    means.m_dHigh = 3.0;
-    CMultiFileItem a("a.dat", ""), b("b.dat", "");
-    a.m_dAverage = b.m_dAverage = 1.0;
-    a.m_dLower = b.m_dLower = -1.0;
-    a.m_dUpper = b.m_dUpper = 3.0;
-    means.m_items = {a, b};
+    means.m_results.low = -1.0;
+    means.m_results.high = 3.0;
+    means.m_results.rows.resize(1);
+    means.m_results.rows[0].ident = "a.dat";
+    means.m_results.rows[0].estimate = 1.0;
+    means.m_results.rows[0].lower = -1.0;
+    means.m_results.rows[0].upper = 3.0;
     CComprView view;
     view.SetDocument(&means);
     view.OnInitialUpdate();
@@ -156,10 +168,10 @@ TEST(ChartViews, TakeTheirDocumentsResults) {
     EXPECT_EQ(view.m_chart.title, "Paired-t Comparison of Means");
     EXPECT_EQ(view.m_chart.low, -1.0);
 
-    CCorrDoc corr;
+    LagsDoc corr;
     corr.m_nMaxLags = 2;
     // Under "all" the list holds each replication's lags; the chart takes the first L.
-    for (double r : {0.5, 0.25, 0.9, 0.8}) corr.m_objList.push_back(std::make_unique<CCovarData>(1, 0.0, r));
+    for (double r : {0.5, 0.25, 0.9, 0.8}) corr.m_results.lags.push_back({1, 0.0, r});
     CCorrView bars;
     bars.SetDocument(&corr);
     bars.OnInitialUpdate();

@@ -32,27 +32,28 @@ TEST_F(PlotDlgTest, ChecksInOrderWithTheirFocus) {
         std::vector<std::string> files;
         const char *from, *to, *min, *max;
         int id;
-        const char* focus;
+        DlgControl focus;
         int index;
     };
     const std::string none = dir.Path("none.dat");
+    using enum DlgControl;
     const Case cases[] = {
-        {"no files", {}, "x", "", "", "", IDS_NO_FILES, "files", -1},
-        {"missing second file", {good, none}, "x", "", "", "", IDS_FILE_NOT_FOUND, "files", 1},
-        {"bad header", {bad}, "x", "", "", "", IDS_INVALID_DATA_FILE, "", 0},
-        {"negative beginning", {good}, "-1", "x", "", "", 15817, "begin", 0},
-        {"text beginning", {good}, "abc", "", "", "", 15817, "begin", 0},
-        {"negative ending", {good}, "", "-0.5", "x", "", 15818, "end", 0},
-        {"minimum not a number", {good}, "", "", "1e", "x", 15819, "min", 0},
-        {"maximum not a number", {good}, "", "", "", "5 ", 15820, "max", 0},
+        {"no files", {}, "x", "", "", "", IDS_NO_FILES, FileList, -1},
+        {"missing second file", {good, none}, "x", "", "", "", IDS_FILE_NOT_FOUND, FileList, 1},
+        {"bad header", {bad}, "x", "", "", "", IDS_INVALID_DATA_FILE, None, 0},
+        {"negative beginning", {good}, "-1", "x", "", "", 15817, BeginTime, 0},
+        {"text beginning", {good}, "abc", "", "", "", 15817, BeginTime, 0},
+        {"negative ending", {good}, "", "-0.5", "x", "", 15818, EndTime, 0},
+        {"minimum not a number", {good}, "", "", "1e", "x", 15819, MinValue, 0},
+        {"maximum not a number", {good}, "", "", "", "5 ", 15820, MaxValue, 0},
         // Time check: the message speaks of values, the focus follows it.
-        {"equal times", {good}, "5", "5", "", "", 15829, "max", 0},
-        {"reversed times", {good}, "6", "5", "", "", 15829, "max", 0},
+        {"equal times", {good}, "5", "5", "", "", 15829, MaxValue, 0},
+        {"reversed times", {good}, "6", "5", "", "", 15829, MaxValue, 0},
         // Value check: the message speaks of time.
-        {"equal values", {good}, "", "", "5", "5", IDS_ENDING_TIME, "end", 0},
-        {"reversed values", {good}, "1", "2", "3", "-3", IDS_ENDING_TIME, "end", 0},
-        {"beginning at zero", {good}, "0", "10", "", "", 0, "", 0},
-        {"only one bound of each", {good}, "3", "", "", "-2", 0, "", 0},
+        {"equal values", {good}, "", "", "5", "5", IDS_ENDING_TIME, EndTime, 0},
+        {"reversed values", {good}, "1", "2", "3", "-3", IDS_ENDING_TIME, EndTime, 0},
+        {"beginning at zero", {good}, "0", "10", "", "", 0, None, 0},
+        {"only one bound of each", {good}, "3", "", "", "-2", 0, None, 0},
     };
     for (const Case& c : cases) {
         CPlotDlg dlg;

@@ -6,8 +6,8 @@
 
 #include "framework/DocTemplate.h"
 #include "framework/Messages.h"
-#include "graph/FileDialogs.h"
-#include "group/AnalysisFactory.h"
+#include "dialog/FileDialogs.h"
+#include "group/CommandTable.h"
 #include "group/Commands.h"
 #include "group/OutputDoc.h"
 #include "group/OutputView.h"
@@ -24,33 +24,41 @@ TEST(Startup, RegistersNineteenTemplatesInOrder) {
         const char* doc;
         const char* frame;
         const char* view;
+        const char* exportName;  // the command of the template, with its title prefix
+        int titleId;
+        const char* prefix;
     };
     // The registration table of the component, in its order.
     const Expected expected[] = {
-        {16380, "Output", "COutputDoc", "COutputViewFrame", "COutputView"},
-        {16393, "Append", "CAppendDoc", "CBaseWnd", "CAppendView"},
-        {16381, "Barchart", "CBarchDoc", "CBaseWnd", "CBarchartView"},
-        {16382, "Comparison", "CComprDoc", "CBaseWndSplit", "CComprView"},
-        {16383, "Correlogram", "CCorrDoc", "CBaseWndSplit", "CCorrView"},
-        {16394, "Diffile", "CDiffDoc", "CBaseWnd", "CDiffView"},
-        {16392, "Export", "CExprtDoc", "CBaseWnd", "CExprtView"},
-        {16395, "BatchTruncate", "CFiltrDoc", "CBaseWnd", "CFiltrView"},
-        {16384, "Histogram", "CHistDoc", "CBaseWndSplit", "CHistView"},
-        {16396, "Import", "CImprtDoc", "CBaseWnd", "CImprtView"},
-        {16385, "Intervals", "CIntrvlDoc", "CBaseWndSplit", "CIntrvlView"},
-        {16397, "Load", "CLoadDoc", "CBaseWnd", "CLoadView"},
-        {16386, "MovingAverage", "CMoveDoc", "CBaseWndSplit", "CMovView"},
-        {16387, "OnewayVariance", "COnewyDoc", "CBaseWndSplit", "COnewyView"},
-        {16388, "Plot", "CPlotDoc", "CBaseWndSplit", "CPlotView"},
-        {16389, "SdIntervals", "CSdIntDoc", "CBaseWndSplit", "CSdIntView"},
-        {16399, "StdInterval", "CStdIntrvlDoc", "CBaseWndSplit", "CStdIntView"},
-        {16398, "Table", "CTableDoc", "CBaseWnd", "CTableView"},
-        {16390, "Vartest", "CVarDoc", "CBaseWndSplit", "CVarView"},
+        {16380, "Output", "COutputDoc", "COutputViewFrame", "COutputView", nullptr, 0, ""},
+        {16393, "Append", "CAppendDoc", "CBaseWnd", "CAppendView", "g_OnAppend", 16027, "Append - "},
+        {16381, "Barchart", "CBarchDoc", "CBaseWnd", "CBarchartView", "g_OnBarchart", 16031, "Barchart - "},
+        {16382, "Comparison", "CComprDoc", "CBaseWndSplit", "CComprView", "g_OnComparison", 16020, "Compare Means - "},
+        {16383, "Correlogram", "CCorrDoc", "CBaseWndSplit", "CCorrView", "g_OnCorrelogram", 16032, "Correlogram - "},
+        {16394, "Diffile", "CDiffDoc", "CBaseWnd", "CDiffView", "g_OnDiffile", 16028, "DIF File - "},
+        {16392, "Export", "CExprtDoc", "CBaseWnd", "CExprtView", "g_OnExport", 16029, "Export - "},
+        {16395, "BatchTruncate", "CFiltrDoc", "CBaseWnd", "CFiltrView", "g_OnFilter", 16030, "Batch/Truncate - "},
+        {16384, "Histogram", "CHistDoc", "CBaseWndSplit", "CHistView", "g_OnHistogram", 16033, "Histogram - "},
+        {16396, "Import", "CImprtDoc", "CBaseWnd", "CImprtView", "g_OnImport", 16034, "Import File - "},
+        {16385, "Intervals", "CIntrvlDoc", "CBaseWndSplit", "CIntrvlView",
+         "g_OnInterval", 16021, "Classical C.I. On Mean - "},
+        {16397, "Load", "CLoadDoc", "CBaseWnd", "CLoadView", "g_OnLoad", 16035, "ASCII Load File - "},
+        {16386, "MovingAverage", "CMoveDoc", "CBaseWndSplit", "CMovView",
+         "g_OnMovingAverage", 16036, "Moving Average - "},
+        {16387, "OnewayVariance", "COnewyDoc", "CBaseWndSplit", "COnewyView", "g_OnOneway", 16022, "One-Way ANOVA - "},
+        {16388, "Plot", "CPlotDoc", "CBaseWndSplit", "CPlotView", "g_OnPlot", 16019, "Plot - "},
+        {16389, "SdIntervals", "CSdIntDoc", "CBaseWndSplit", "CSdIntView",
+         "g_OnSdinterval", 16023, "Standard Deviation Intervals - "},
+        {16399, "StdInterval", "CStdIntrvlDoc", "CBaseWndSplit", "CStdIntView",
+         "g_OnStdinterval", 16024, "Standardized Time Series Intervals - "},
+        {16398, "Table", "CTableDoc", "CBaseWnd", "CTableView", "g_OnTable", 16025, "Tables - "},
+        {16390, "Vartest", "CVarDoc", "CBaseWndSplit", "CVarView", "g_OnVartest", 16026, "Compare Variances - "},
     };
     CWinApp app;
     InitOutputProcessor2(&app);
     std::vector<CDocTemplate*> templates = app.GetDocTemplates();
     ASSERT_EQ(templates.size(), std::size(expected));
+    EXPECT_EQ(grp_Commands().size(), templates.size() - 1);
     for (std::size_t i = 0; i < templates.size(); ++i) {
         const CDocTemplate& t = *templates[i];
         const Expected& e = expected[i];
@@ -58,6 +66,13 @@ TEST(Startup, RegistersNineteenTemplatesInOrder) {
         EXPECT_EQ(t.GetResourceId(), e.id) << i;
         EXPECT_TRUE(t.GetDocString(name, CDocTemplate::docName));
         EXPECT_EQ(name, e.name);
+        if (i > 0) {
+            const GroupCommand* c = grp_FindCommand(e.exportName);
+            ASSERT_NE(c, nullptr) << e.exportName;
+            EXPECT_EQ(grp_FindCommand(e.name), c);
+            EXPECT_EQ(c->titleId, e.titleId);
+            EXPECT_EQ(msg_Text(c->titleId), e.prefix);
+        }
         EXPECT_EQ(t.DocClass(), e.doc);
         EXPECT_EQ(t.FrameClass(), e.frame);
         EXPECT_EQ(t.ViewClass(), e.view);
@@ -96,45 +111,30 @@ TEST(Startup, RegistersNineteenTemplatesInOrder) {
     EXPECT_TRUE(app.GetDocTemplates().empty());
 }
 
-TEST(Startup, CommandTableNamesTemplatesAndTitles) {
-    struct Expected {
-        const char* exportName;
-        const char* templateName;
-        int titleId;
-        const char* prefix;
-    };
-    const Expected expected[] = {
-        {"g_OnPlot", "Plot", 16019, "Plot - "},
-        {"g_OnComparison", "Comparison", 16020, "Compare Means - "},
-        {"g_OnInterval", "Intervals", 16021, "Classical C.I. On Mean - "},
-        {"g_OnOneway", "OnewayVariance", 16022, "One-Way ANOVA - "},
-        {"g_OnSdinterval", "SdIntervals", 16023, "Standard Deviation Intervals - "},
-        {"g_OnStdinterval", "StdInterval", 16024, "Standardized Time Series Intervals - "},
-        {"g_OnTable", "Table", 16025, "Tables - "},
-        {"g_OnVartest", "Vartest", 16026, "Compare Variances - "},
-        {"g_OnAppend", "Append", 16027, "Append - "},
-        {"g_OnDiffile", "Diffile", 16028, "DIF File - "},
-        {"g_OnExport", "Export", 16029, "Export - "},
-        {"g_OnFilter", "BatchTruncate", 16030, "Batch/Truncate - "},
-        {"g_OnBarchart", "Barchart", 16031, "Barchart - "},
-        {"g_OnCorrelogram", "Correlogram", 16032, "Correlogram - "},
-        {"g_OnHistogram", "Histogram", 16033, "Histogram - "},
-        {"g_OnImport", "Import", 16034, "Import File - "},
-        {"g_OnLoad", "Load", 16035, "ASCII Load File - "},
-        {"g_OnMovingAverage", "MovingAverage", 16036, "Moving Average - "},
-    };
-    auto commands = grp_Commands();
-    ASSERT_EQ(commands.size(), std::size(expected));
-    CWinApp app;
-    InitOutputProcessor2(&app);
-    for (std::size_t i = 0; i < commands.size(); ++i) {
-        EXPECT_STREQ(commands[i].exportName, expected[i].exportName);
-        EXPECT_STREQ(commands[i].templateName, expected[i].templateName);
-        EXPECT_EQ(commands[i].titleId, expected[i].titleId);
-        EXPECT_EQ(msg_Text(commands[i].titleId), expected[i].prefix);
-        EXPECT_NE(app.FindDocTemplate(commands[i].templateName), nullptr) << commands[i].templateName;
+TEST(Startup, EveryBuiltAnalysisMakesDialogDocumentAndViews) {
+    int built = 0;
+    for (const GroupCommand& c : grp_Commands()) {
+        if (!c.make.Built()) continue;
+        ++built;
+        std::unique_ptr<CDialog> dlg = c.make.createDialog();
+        std::unique_ptr<CBaseFileDoc> doc = c.make.createDocument();
+        ASSERT_TRUE(dlg && doc && c.make.createViews) << c.templateName;
+        auto views = c.make.createViews(*doc);
+        // A split frame has two panes; a single one holds its report.
+        ASSERT_EQ(views.size(), c.frame == FrameKind::Split ? 2u : 1u) << c.templateName;
+        auto* report = dynamic_cast<CTextView*>(views.back().get());
+        if (report) {
+            EXPECT_EQ(report->GetDocument(), doc.get()) << c.templateName;
+        }
+        EXPECT_EQ(dynamic_cast<CTextView*>(views.front().get()) != nullptr, c.frame == FrameKind::Single)
+            << c.templateName;
+        // A command that writes a file names the field its extension goes to.
+        if (c.make.outputFile) {
+            EXPECT_NE(c.make.outputFile(*dlg), nullptr) << c.templateName;
+            EXPECT_NE(c.defaultExt, nullptr) << c.templateName;
+        }
     }
-    ShutdownOutputProcessor();
+    EXPECT_EQ(built, 8);
 }
 
 // The stand-in analysis: a single-file dialog with an output file, a document
@@ -185,17 +185,18 @@ public:
     int Validate(int*) override { return 0; }
 };
 
+// Rows of the command table with the stand-in analysis in place of their own.
+GroupCommand StandIn(const char* exportName, AnalysisFactory make) {
+    GroupCommand row = *grp_FindCommand(exportName);
+    row.make = make;
+    return row;
+}
+
 class CommandFlow : public ::testing::Test {
 protected:
     void SetUp() override {
         g_script = Script{};
         InitOutputProcessor2(&m_app);
-        AnalysisFactory f = grp_MakeAnalysis<CStandInDlg, CStandInDoc, CStandInView>();
-        f.outputFile = [](CDialog& d) { return &static_cast<CStandInDlg&>(d).m_strOutput; };
-        m_saved.emplace_back("BatchTruncate", grp_SetAnalysis("BatchTruncate", f));
-        m_saved.emplace_back("Append", grp_SetAnalysis("Append", f));
-        m_saved.emplace_back("Table", grp_SetAnalysis("Table", grp_MakeAnalysis<CStandInListDlg, CStandInDoc>()));
-        m_saved.emplace_back("Histogram", grp_SetAnalysis("Histogram", AnalysisFactory{}));
         m_host.onDialog = [this](CDialog& d) {
             if (auto* dlg = dynamic_cast<CStandInDlg*>(&d)) {
                 m_seenFile = dlg->m_strFile;
@@ -205,21 +206,24 @@ protected:
             return dlg_ValidateOnOK(d) == 0 ? IDOK : IDCANCEL;
         };
     }
-    void TearDown() override {
-        ShutdownOutputProcessor();
-        for (auto& [name, f] : m_saved) grp_SetAnalysis(name, f);
-    }
+    void TearDown() override { ShutdownOutputProcessor(); }
 
+    int Filter(COutputView* view = nullptr) { return grp_RunCommand(m_filter, view); }
+
+    const AnalysisFactory m_single = grp_Analysis<CStandInDlg, CStandInDoc, CStandInView>(
+        grp_OutputField<CStandInDlg, &CStandInDlg::m_strOutput>);
+    const GroupCommand m_filter = StandIn("g_OnFilter", m_single);
+    const GroupCommand m_append = StandIn("g_OnAppend", m_single);
+    const GroupCommand m_table = StandIn("g_OnTable", grp_Analysis<CStandInListDlg, CStandInDoc>());
     CWinApp m_app;
     RecordingHost m_host;
     ScopedHost m_scope{&m_host};
-    std::vector<std::pair<std::string, AnalysisFactory>> m_saved;
     std::string m_file = "/data/waits.dat", m_output, m_seenFile;
 };
 
 TEST_F(CommandFlow, SuccessMakesOneTitledFrameWithTheReport) {
     m_output = "batched.flt";
-    EXPECT_EQ(g_OnFilter(nullptr), 0);
+    EXPECT_EQ(Filter(), 0);
     ASSERT_EQ(m_host.frames.size(), 1u);
     const CDocFrame& frame = *m_host.frames[0];
     EXPECT_EQ(frame.GetWindowText(), "Batch/Truncate - waits.dat");
@@ -233,30 +237,12 @@ TEST_F(CommandFlow, SuccessMakesOneTitledFrameWithTheReport) {
     EXPECT_EQ(g_script.documentsAlive, 0);
 }
 
-TEST_F(CommandFlow, CancelledDialogCreatesNothing) {
-    m_host.onDialog = [](CDialog&) { return IDCANCEL; };
-    EXPECT_EQ(g_OnFilter(nullptr), 0);
-    EXPECT_EQ(m_host.dialogsRun, 1);
-    EXPECT_EQ(g_script.documentsMade, 0);
-    EXPECT_TRUE(m_host.frames.empty());
-    EXPECT_TRUE(m_host.messages.empty());
-}
-
-TEST_F(CommandFlow, InvalidFieldIsShownAndTheCommandEnds) {
-    g_script.validate = -15925;  // a pair check names its field by the sign
-    EXPECT_EQ(g_OnFilter(nullptr), 0);
-    ASSERT_EQ(m_host.messages.size(), 1u);
-    EXPECT_EQ(m_host.messages[0].id, 15925);
-    EXPECT_EQ(g_script.documentsMade, 0);
-    EXPECT_TRUE(m_host.frames.empty());
-}
-
 TEST_F(CommandFlow, FailingInitialiserShowsItsMessageOnceAndMakesNoWindow) {
     for (bool docShows : {false, true}) {
         m_host.messages.clear();
         g_script.initResult = 15931;
         g_script.docShowsOwnMessage = docShows;
-        EXPECT_EQ(g_OnFilter(nullptr), 15931);
+        EXPECT_EQ(Filter(), 15931);
         ASSERT_EQ(m_host.messages.size(), 1u) << docShows;
         EXPECT_EQ(m_host.messages[0].text, "No observations found");
         EXPECT_TRUE(m_host.frames.empty());
@@ -266,35 +252,35 @@ TEST_F(CommandFlow, FailingInitialiserShowsItsMessageOnceAndMakesNoWindow) {
 
 TEST_F(CommandFlow, DialogKeepsItsEntriesForTheWholeRun) {
     m_output = "first.flt";
-    EXPECT_EQ(g_OnFilter(nullptr), 0);
+    EXPECT_EQ(Filter(), 0);
     CDialog* first = m_app.GetDialog("BatchTruncate");
     ASSERT_NE(first, nullptr);
     m_file.clear();
     m_output.clear();
-    EXPECT_EQ(g_OnFilter(nullptr), 0);
+    EXPECT_EQ(Filter(), 0);
     EXPECT_EQ(m_app.GetDialog("BatchTruncate"), first);
     EXPECT_EQ(m_seenFile, "/data/waits.dat");
     EXPECT_EQ(static_cast<CStandInDlg*>(first)->m_strOutput, "first.flt");
     // Another command has a dialog of its own.
-    EXPECT_EQ(g_OnAppend(nullptr), 0);
+    EXPECT_EQ(grp_RunCommand(m_append, nullptr), 0);
     EXPECT_NE(m_app.GetDialog("Append"), first);
 }
 
 TEST_F(CommandFlow, OutputNameWithoutExtensionGetsTheCommandsOwn) {
     struct Case {
-        int (*entry)(COutputView*);
+        const GroupCommand& command;
         const char* typed;
         const char* used;
     };
     const Case cases[] = {
-        {g_OnFilter, "means", "means.flt"},
-        {g_OnAppend, "all", "all.dat"},
-        {g_OnFilter, "means.out", "means.out"},
-        {g_OnFilter, "dir.v2/means", "dir.v2/means.flt"},
+        {m_filter, "means", "means.flt"},
+        {m_append, "all", "all.dat"},
+        {m_filter, "means.out", "means.out"},
+        {m_filter, "dir.v2/means", "dir.v2/means.flt"},
     };
     for (const Case& c : cases) {
         m_output = c.typed;
-        ASSERT_EQ(c.entry(nullptr), 0);
+        ASSERT_EQ(grp_RunCommand(c.command, nullptr), 0);
         auto* view = dynamic_cast<CTextView*>(m_host.frames.back()->Views()[0].get());
         EXPECT_EQ(view->GetText(), "report on /data/waits.dat into " + std::string(c.used) + "\n");
     }
@@ -310,9 +296,8 @@ TEST_F(CommandFlow, DialogStartsFromTheGroupsSelection) {
     view.OnUpdate();
     view.SetSelection(0);
     m_file.clear();
-    EXPECT_EQ(g_OnFilter(&view), 0);
+    EXPECT_EQ(Filter(&view), 0);
     EXPECT_EQ(m_seenFile, "/runs/queue.dat");
-    EXPECT_EQ(static_cast<CBaseDlg*>(m_app.GetDialog("BatchTruncate"))->m_pView, &view);
     EXPECT_EQ(m_host.frames.back()->GetWindowText(), "Batch/Truncate - queue.dat");
 }
 
@@ -324,11 +309,11 @@ TEST_F(CommandFlow, FileListCaptionIsTheTitleOrTheFirstFile) {
         dlg.AddFile("/x/waits.dat", "");
         return IDOK;
     };
-    EXPECT_EQ(g_OnTable(nullptr), 0);
+    EXPECT_EQ(grp_RunCommand(m_table, nullptr), 0);
     EXPECT_EQ(m_host.frames.back()->GetWindowText(), "Tables - served.dat");
     static_cast<CStandInListDlg*>(m_app.GetDialog("Table"))->m_strTitle = "Busy period";
     m_host.onDialog = [](CDialog&) { return IDOK; };
-    EXPECT_EQ(g_OnTable(nullptr), 0);
+    EXPECT_EQ(grp_RunCommand(m_table, nullptr), 0);
     EXPECT_EQ(m_host.frames.back()->GetWindowText(), "Tables - Busy period");
     EXPECT_EQ(m_host.frames.back()->FrameClass(), "CBaseWnd");
 }
@@ -342,7 +327,7 @@ TEST_F(CommandFlow, AnalysisNotBuiltSaysSoAndRunsNothing) {
 
 TEST_F(CommandFlow, WithoutStartUpNothingRuns) {
     ShutdownOutputProcessor();
-    EXPECT_EQ(g_OnFilter(nullptr), -1);
+    EXPECT_EQ(Filter(), -1);
     EXPECT_EQ(m_host.dialogsRun, 0);
     EXPECT_EQ(m_host.messages.size(), 1u);
 }

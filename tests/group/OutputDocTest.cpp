@@ -233,7 +233,9 @@ TEST(OutputDoc, SaveAndOpenThroughAFile) {
     {
         COutputDoc doc;
         doc.OnNewDocument();
-        Fill(doc, 300);
+        Fill(doc, 299);
+        doc.InsertItem(299, MakeItem("../w.dat", "w", 1));
+        grp_test_WriteDataFile(dir.Path("w.dat"), 3, 2, "Waits");
         EXPECT_TRUE(doc.IsModified());
         ASSERT_TRUE(doc.OnSaveDocument(path.c_str()));
         EXPECT_FALSE(doc.IsModified());
@@ -243,10 +245,14 @@ TEST(OutputDoc, SaveAndOpenThroughAFile) {
     COutputDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument("sub/g.dgr"));
     EXPECT_EQ(doc.GetItemCount(), 300);
-    EXPECT_EQ(doc.GetItem(299)->m_strPath, "/data/run299.dat");
+    EXPECT_EQ(doc.GetItem(298)->m_strPath, "/data/run298.dat");
     EXPECT_FALSE(doc.IsModified());
-    // Opening made the group's folder the current directory.
-    EXPECT_EQ(fs::current_path(), fs::canonical(dir.Dir() / "sub"));
+    // The current folder stays; a relative item leads from the group's folder.
+    EXPECT_EQ(fs::current_path(), dir.Dir());
+    EXPECT_EQ(doc.ItemPath(298), "/data/run298.dat");
+    EXPECT_EQ(doc.ItemPath(299), (dir.Dir() / "sub" / "../w.dat").string());
+    EXPECT_EQ(doc.DescribeItem(299, true), 0);
+    EXPECT_EQ(doc.GetItem(299)->m_strDescription, "../w.dat, 2, Tally, Waits");
     EXPECT_TRUE(host.messages.empty());
 }
 

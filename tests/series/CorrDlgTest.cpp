@@ -31,28 +31,28 @@ struct Case {
     int lags;
     const char* out;
     int id;
-    const char* focus;
+    DlgControl focus;
 };
 
 // Each check in its place: a case fails only the check it names and those
 // after it, so moving a check changes the result.
 TEST_F(CorrDlgChecks, OrderMessagesAndFocus) {
+    using enum DlgControl;
     const Case cases[] = {
-        {"tally.dat", "", 5, "", 0, ""},
-        {"", "x", 0, "", 15803, IDC_DATAFILE},
-        {"none.dat", "x", 0, "none.dat", 15811, IDC_DATAFILE},
-        {"tally.dat", "x", 0, "tally.dat", 15925, IDC_OUTFILE},
-        {"bad.dat", "x", 0, "", 15821, IDC_DATAFILE},
-        {"tally.dat", "x", 0, "", 15804, IDC_REPLICATIONS},
-        {"tally.dat", "0", 5, "", 15804, IDC_REPLICATIONS},
-        {"cstat.dat", "9", 0, "", 15809, IDC_MAXLAGS},
-        {"cstat.dat", "9", 5, "", 15940, IDC_REPLICATIONS},
-        {"cstat.dat", "All", 5, "", 15810, IDC_DATAFILE},
-        {"tally.dat", "2", 5, "", 0, ""},
-        {"tally.dat", "3", 5, "", 15940, IDC_REPLICATIONS},
-        {"tally.dat", "Lumped", 9999, "out.cor", 0, ""},
+        {"tally.dat", "", 5, "", 0, None},
+        {"", "x", 0, "", 15803, DataFile},
+        {"none.dat", "x", 0, "none.dat", 15811, DataFile},
+        {"tally.dat", "x", 0, "tally.dat", 15925, OutputFile},
+        {"bad.dat", "x", 0, "", 15821, DataFile},
+        {"tally.dat", "x", 0, "", 15804, Replications},
+        {"cstat.dat", "9", 0, "", 15809, MaxLags},
+        {"cstat.dat", "9", 5, "", 15940, Replications},
+        {"cstat.dat", "All", 5, "", 15810, DataFile},
+        {"tally.dat", "2", 5, "", 0, None},
+        {"tally.dat", "3", 5, "", 15940, Replications},
+        {"tally.dat", "Lumped", 9999, "out.cor", 0, None},
         // Unlike the mean analyses the correlogram takes Output data as it is.
-        {"output.dat", "1", 1, "", 0, ""},
+        {"output.dat", "1", 1, "", 0, None},
     };
     for (const Case& c : cases) {
         CCorrDlg dlg;
@@ -82,7 +82,7 @@ TEST_F(CorrDlgChecks, MaximumLagsFieldComesFirst) {
     dlg.m_strMaxLags = "ten";
     EXPECT_FALSE(dlg.ExchangeFields(&message));
     EXPECT_EQ(message, "Please enter an integer.");
-    EXPECT_EQ(dlg.FocusControl(), IDC_MAXLAGS);
+    EXPECT_EQ(dlg.FocusControl(), DlgControl::MaxLags);
     dlg.m_strMaxLags = "10000";
     EXPECT_FALSE(dlg.ExchangeFields(&message));
     EXPECT_EQ(message, "Please enter an integer between 0 and 9999.");

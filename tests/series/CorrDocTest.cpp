@@ -98,7 +98,7 @@ TEST_F(CorrDoc, NoTitleLineWithoutATitle) {
     ASSERT_EQ(run.rc, 0);
     EXPECT_EQ(run.report.substr(0, 47), Pad("Correlogram Summary", 45) + "\n\n");
     // L = 1: weighted sum 2 (1 - 1/5) c1 = 0.32.
-    EXPECT_NEAR(run.doc->m_dWeightedSum, 0.32, 1e-15);
+    EXPECT_NEAR(run.doc->Results().weightedSum, 0.32, 1e-15);
 }
 
 // x = 1, 3, 1, 3: mean 2, variance 1; lag 1: -3 / 4 = -0.75, lag 2: 2 / 4 = 0.5:
@@ -120,8 +120,8 @@ TEST_F(CorrDoc, SavedFileLayout) {
     cor.title = "Saved";
     cor.reinit = false;
     EXPECT_EQ(test_ReadBytes(out), test_HeaderBytes(cor) + test_RecordBytes({{1, -0.75}, {2, 0.5}, {-1, -1}}, true));
-    EXPECT_EQ(run.doc->m_dVariance, 1.0);
-    EXPECT_EQ(run.doc->m_dWeightedSum, 2 * (0.75 * -0.75 + 0.5 * 0.5));
+    EXPECT_EQ(run.doc->Results().variance, 1.0);
+    EXPECT_EQ(run.doc->Results().weightedSum, 2 * (0.75 * -0.75 + 0.5 * 0.5));
 
     // The precision follows the configuration, header flag included.
     cfg_SetDoublePrecOutput(0);
@@ -144,13 +144,13 @@ TEST_F(CorrDoc, AllReplications) {
     CorrRun run = Correlogram(path, "All", 2, out);
     ASSERT_EQ(run.rc, 0);
     EXPECT_EQ(run.doc->m_nTreatment, -1);
-    ASSERT_EQ(run.doc->CovarCount(), 4);
-    EXPECT_EQ(run.doc->Covar(2).m_nLag, 1);
-    EXPECT_NEAR(run.doc->Covar(3).m_dCorrelation, -0.6, 1e-15);
-    EXPECT_EQ(run.doc->m_dMean, 4.0);
-    EXPECT_EQ(run.doc->m_nSize, 5);
+    ASSERT_EQ(static_cast<int>(run.doc->Results().lags.size()), 4);
+    EXPECT_EQ(run.doc->Results().lags[2].lag, 1);
+    EXPECT_NEAR(run.doc->Results().lags[3].correlation, -0.6, 1e-15);
+    EXPECT_EQ(run.doc->Results().mean, 4.0);
+    EXPECT_EQ(run.doc->Results().size, 5);
     // 2 (0.8 * 0.2 + 0.6 * -1.2) = -1.12
-    EXPECT_NEAR(run.doc->m_dWeightedSum, -1.12, 1e-14);
+    EXPECT_NEAR(run.doc->Results().weightedSum, -1.12, 1e-14);
     EXPECT_NE(run.report.find("       1        -0.75        -0.75\n       2          0.5          0.5\n"),
               std::string::npos);
     EXPECT_EQ(run.report.find("-0.6"), std::string::npos);
@@ -167,11 +167,11 @@ TEST_F(CorrDoc, LumpedReadsAcrossReplications) {
     test_WriteDataFile(path, {}, test_Replications({Obs({1, 3}), Obs({1, 3})}));
     CorrRun run = Correlogram(path, "Lumped", 2);
     ASSERT_EQ(run.rc, 0);
-    EXPECT_EQ(run.doc->m_nSize, 4);
-    EXPECT_EQ(run.doc->Covar(0).m_dCovariance, -0.75);
+    EXPECT_EQ(run.doc->Results().size, 4);
+    EXPECT_EQ(run.doc->Results().lags[0].covariance, -0.75);
     CorrRun first = Correlogram(path, "", 1);
     ASSERT_EQ(first.rc, 0);
-    EXPECT_EQ(first.doc->m_nSize, 2);
+    EXPECT_EQ(first.doc->Results().size, 2);
 }
 
 TEST_F(CorrDoc, SkipMarkersAreNotObservations) {
@@ -180,8 +180,8 @@ TEST_F(CorrDoc, SkipMarkersAreNotObservations) {
     test_WriteDataFile(path, {}, recs);
     CorrRun run = Correlogram(path, "", 2);
     ASSERT_EQ(run.rc, 0);
-    EXPECT_EQ(run.doc->m_nSize, 4);
-    EXPECT_EQ(run.doc->Covar(1).m_dCorrelation, 0.5);
+    EXPECT_EQ(run.doc->Results().size, 4);
+    EXPECT_EQ(run.doc->Results().lags[1].correlation, 0.5);
 }
 
 TEST_F(CorrDoc, TooFewObservationsLeaveNoFile) {
@@ -208,9 +208,9 @@ TEST_F(CorrDoc, ConstantSeriesDividesByZero) {
     test_WriteDataFile(path, {}, test_Replications({Obs({7, 7, 7, 7})}));
     CorrRun run = Correlogram(path, "", 2);
     ASSERT_EQ(run.rc, 0);
-    EXPECT_EQ(run.doc->m_dVariance, 0.0);
-    EXPECT_EQ(run.doc->Covar(0).m_dCovariance, 0.0);
-    EXPECT_TRUE(std::isnan(run.doc->Covar(0).m_dCorrelation));
+    EXPECT_EQ(run.doc->Results().variance, 0.0);
+    EXPECT_EQ(run.doc->Results().lags[0].covariance, 0.0);
+    EXPECT_TRUE(std::isnan(run.doc->Results().lags[0].correlation));
 }
 
 // 10^7 plus noise: the plain sum of squares would cancel to nothing.
@@ -223,10 +223,10 @@ TEST_F(CorrDoc, LargeOffsetKeepsItsDigits) {
     CorrRun run = Correlogram(path, "", 5);
     ASSERT_EQ(run.rc, 0);
     // Variance of the repeating pattern, divisor n: (0.01 + 0.01 + 0.04 + 0.04) / 5.
-    EXPECT_NEAR(run.doc->m_dVariance, 0.02, 0.02 * 1e-6);
-    EXPECT_NEAR(run.doc->m_dMean, 1e7, 1e-6);
+    EXPECT_NEAR(run.doc->Results().variance, 0.02, 0.02 * 1e-6);
+    EXPECT_NEAR(run.doc->Results().mean, 1e7, 1e-6);
     // The pattern has period 5: lag 5 brings each value back, r = (n - 5) / n.
-    EXPECT_NEAR(run.doc->Covar(4).m_dCorrelation, 1995.0 / 2000.0, 1e-6);
+    EXPECT_NEAR(run.doc->Results().lags[4].correlation, 1995.0 / 2000.0, 1e-6);
 }
 
 TEST_F(CorrDoc, ReplicationBeyondTheFile) {

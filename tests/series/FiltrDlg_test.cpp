@@ -49,32 +49,31 @@ protected:
 
 TEST_F(FiltrDlgChecks, FirstFailingCheckWinsAndNamesItsControl) {
     const std::string missing = m_dir / "missing.dat";
+    using enum DlgControl;
     struct Case {
         const char* what;
         std::string file, reps, trunc, size, out;
         int id;
-        const char* focus;
+        DlgControl focus;
     } cases[] = {
         // The field exchange runs before every other check, in tab order.
-        {"unreadable truncation", "", "x", "abc", "y", "", IDS_INVALID_NUMBER, kFiltrTruncControl},
-        {"negative zero is refused", m_good, "", "-0", "", "", IDS_INVALID_NUMBER, kFiltrTruncControl},
-        {"trailing blank", m_good, "", "5 ", "", "", IDS_INVALID_NUMBER, kFiltrTruncControl},
-        {"truncation above range", "", "", "1000000", "y", "", IDP_REAL_RANGE_0_999999, kFiltrTruncControl},
-        {"truncation below range", m_good, "", "-1", "", "", IDP_REAL_RANGE_0_999999, kFiltrTruncControl},
-        {"unreadable batch size", "", "x", "999999", "2,5", "", IDS_INVALID_NUMBER, kFiltrBatchSizeControl},
-        {"batch size above range", "", "", "0", "999999.5", "", IDP_REAL_RANGE_0_999999, kFiltrBatchSizeControl},
-        {"no source", "", "x", "999999", "999999", m_good, IDS_SOURCE_NOT_SPECIFIED, kFiltrFileControl},
-        {"source missing", missing, "x", "", "", missing, IDS_FILE_NOT_FOUND, kFiltrFileControl},
+        {"unreadable truncation", "", "x", "abc", "y", "", IDS_INVALID_NUMBER, Truncation},
+        {"negative zero is refused", m_good, "", "-0", "", "", IDS_INVALID_NUMBER, Truncation},
+        {"trailing blank", m_good, "", "5 ", "", "", IDS_INVALID_NUMBER, Truncation},
+        {"truncation above range", "", "", "1000000", "y", "", IDP_REAL_RANGE_0_999999, Truncation},
+        {"truncation below range", m_good, "", "-1", "", "", IDP_REAL_RANGE_0_999999, Truncation},
+        {"unreadable batch size", "", "x", "999999", "2,5", "", IDS_INVALID_NUMBER, BatchSize},
+        {"batch size above range", "", "", "0", "999999.5", "", IDP_REAL_RANGE_0_999999, BatchSize},
+        {"no source", "", "x", "999999", "999999", m_good, IDS_SOURCE_NOT_SPECIFIED, DataFile},
+        {"source missing", missing, "x", "", "", missing, IDS_FILE_NOT_FOUND, DataFile},
         {"output is the source", m_bad, "x", "", "", m_dir / "sub/../bad.dat", IDS_SAME_OUTPUT_FILE,
-         kFiltrOutputControl},
-        {"not a data file", m_bad, "x", "", "", "", IDS_INVALID_DATA_FILE, kFiltrFileControl},
-        {"treatment words", m_good, "xyz", "", "", "", IDS_INVALID_REP_TREATMENT, kFiltrRepsControl},
-        {"treatment zero", m_good, "0", "", "", "", IDS_INVALID_REP_TREATMENT, kFiltrRepsControl},
-        {"treatment with blank", m_good, " 2", "", "", "", IDS_INVALID_REP_TREATMENT, kFiltrRepsControl},
-        {"too few replications", m_good, "3", "", "", "", IDS_NOT_ENOUGH_REPS, kFiltrRepsControl},
-        {"last replication", m_good, "2", "", "", m_dir / "out.flt", 0, ""},
-        {"all", m_good, "All", "0", "0", "", 0, ""},
-        {"lumped", m_good, "lumped", "999999", "999999", "", 0, ""},
+         OutputFile},
+        {"not a data file", m_bad, "x", "", "", "", IDS_INVALID_DATA_FILE, DataFile},
+        {"treatment words", m_good, "xyz", "", "", "", IDS_INVALID_REP_TREATMENT, Replications},
+        {"too few replications", m_good, "3", "", "", "", IDS_NOT_ENOUGH_REPS, Replications},
+        {"last replication", m_good, "2", "", "", m_dir / "out.flt", 0, None},
+        {"all", m_good, "All", "0", "0", "", 0, None},
+        {"lumped", m_good, "lumped", "999999", "999999", "", 0, None},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);

@@ -73,12 +73,12 @@ TEST_F(Filtr, TruncationZeroByTimeSkipsTimeZeroRecords) {
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {src, "", "", "", "Time", "2", Out("q.flt")}), 0);
     EXPECT_EQ(doc.truncUnit, 0);  // DSTAT truncates by time by default
-    EXPECT_EQ(doc.numBatches, 2);
-    EXPECT_EQ(doc.truncUsed, 0.0);
-    EXPECT_EQ(doc.batchUsed, 2.0);
-    EXPECT_EQ(doc.trailingTime, 2.0);
-    EXPECT_EQ(doc.trailingObs, -1);
-    EXPECT_EQ(doc.covEstimate, 0.0);
+    EXPECT_EQ(doc.Results().numBatches, 2);
+    EXPECT_EQ(doc.Results().truncUsed, 0.0);
+    EXPECT_EQ(doc.Results().batchUsed, 2.0);
+    EXPECT_EQ(doc.Results().trailingTime, 2.0);
+    EXPECT_EQ(doc.Results().trailingObs, -1);
+    EXPECT_EQ(doc.Results().covEstimate, 0.0);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("q.flt")), {{1.0, 3.5}, {3.0, 3.0}, {-1.0, -1.0}}));
 }
 
@@ -90,9 +90,9 @@ TEST_F(Filtr, LinearWeightingInterpolatesAtBatchEnds) {
     std::string src = File("w.dat", KIND_CSTAT, {{0, 2}, {2, 6}, {5, 1}, {6, 3}, {-1, -1}});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {src, "", "", "", "T", "2", Out("w.flt")}), 0);
-    EXPECT_EQ(doc.numBatches, 2);
-    EXPECT_EQ(doc.trailingTime, 2.0);
-    EXPECT_NEAR(doc.covEstimate, 0.0, 1e-14);
+    EXPECT_EQ(doc.Results().numBatches, 2);
+    EXPECT_EQ(doc.Results().trailingTime, 2.0);
+    EXPECT_NEAR(doc.Results().covEstimate, 0.0, 1e-14);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("w.flt")), {{1.0, 4.0}, {3.0, 13.0 / 3.0}, {-1.0, -1.0}}, 1e-12));
 }
 
@@ -103,8 +103,8 @@ TEST_F(Filtr, RecordAtTheBatchEndDoesNotCloseIt) {
     ASSERT_EQ(RunBatch(open, {File("a.dat", KIND_DSTAT, {{0, 1}, {2, 3}, {-1, -1}}), "", "", "", "T", "2",
                               Out("a.flt")}),
               0);
-    EXPECT_EQ(open.trailingTime, 2.0);
-    EXPECT_EQ(open.numBatches, -1);
+    EXPECT_EQ(open.Results().trailingTime, 2.0);
+    EXPECT_EQ(open.Results().numBatches, -1);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("a.flt")), {{-1.0, -1.0}}));
 
     // A record at 2.5 closes [0,2] with mean (2 * 1) / 2 = 1 at its midpoint 1;
@@ -113,9 +113,9 @@ TEST_F(Filtr, RecordAtTheBatchEndDoesNotCloseIt) {
     ASSERT_EQ(RunBatch(closed, {File("b.dat", KIND_DSTAT, {{0, 1}, {2, 3}, {2.5, 0}, {-1, -1}}), "", "", "", "T",
                                 "2", Out("b.flt")}),
               0);
-    EXPECT_EQ(closed.trailingTime, 0.5);
-    EXPECT_EQ(closed.numBatches, -1);
-    EXPECT_EQ(closed.covEstimate, -1.0);
+    EXPECT_EQ(closed.Results().trailingTime, 0.5);
+    EXPECT_EQ(closed.Results().numBatches, -1);
+    EXPECT_EQ(closed.Results().covEstimate, -1.0);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("b.flt")), {{1.0, 1.0}, {-1.0, -1.0}}));
 }
 
@@ -134,11 +134,11 @@ TEST_F(Filtr, SevenBatchesEstimateOnlyEightAlsoTest) {
         for (int i = 1; i <= c.n; ++i) values.push_back(i);
         CFiltrDoc doc;
         ASSERT_EQ(RunBatch(doc, {File("t.dat", KIND_TALLY, TallyRecords(values)), "", "", "", "O", "1"}), 0);
-        EXPECT_EQ(doc.numBatches, c.n);
-        EXPECT_NEAR(doc.covEstimate, c.estimate, 1e-15);
-        EXPECT_EQ(doc.rejectPositive, c.reject);
-        EXPECT_EQ(doc.rejectNonZero, 0);
-        EXPECT_EQ(doc.trailingObs, 0);
+        EXPECT_EQ(doc.Results().numBatches, c.n);
+        EXPECT_NEAR(doc.Results().covEstimate, c.estimate, 1e-15);
+        EXPECT_EQ(doc.Results().rejectPositive, c.reject);
+        EXPECT_EQ(doc.Results().rejectNonZero, 0);
+        EXPECT_EQ(doc.Results().trailingObs, 0);
     }
 }
 
@@ -156,15 +156,15 @@ TEST_F(Filtr, LargeZWithdrawsTheRejectionOnlyWhenBatchingByTime) {
     for (const auto& c : cases) {
         CFiltrDoc time;
         ASSERT_EQ(RunBatch(time, {File("s.dat", KIND_DSTAT, StepRecords(*c.means)), "", "", "", "Time", "1"}), 0);
-        EXPECT_EQ(time.numBatches, 8);
-        EXPECT_NEAR(time.covEstimate, c.estimate, 1e-15);
-        EXPECT_EQ(time.rejectPositive, c.byTime);
+        EXPECT_EQ(time.Results().numBatches, 8);
+        EXPECT_NEAR(time.Results().covEstimate, c.estimate, 1e-15);
+        EXPECT_EQ(time.Results().rejectPositive, c.byTime);
 
         CFiltrDoc obs;
         ASSERT_EQ(RunBatch(obs, {File("o.dat", KIND_TALLY, TallyRecords(*c.means)), "", "", "", "Obs", "1"}), 0);
-        EXPECT_NEAR(obs.covEstimate, c.estimate, 1e-15);
-        EXPECT_EQ(obs.rejectPositive, c.byObs);
-        EXPECT_EQ(time.rejectNonZero + obs.rejectNonZero, 0);
+        EXPECT_NEAR(obs.Results().covEstimate, c.estimate, 1e-15);
+        EXPECT_EQ(obs.Results().rejectPositive, c.byObs);
+        EXPECT_EQ(time.Results().rejectNonZero + obs.Results().rejectNonZero, 0);
     }
 }
 
@@ -175,11 +175,11 @@ TEST_F(Filtr, FractionalBatchSizeIsCutNotRounded) {
     std::string src = File("f.dat", KIND_TALLY, {{1, 1}, {2, 3}, {3, 5}, {4, 7}, {5, 9}, {-1, -1}});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {src, "", "", "", "O", "2.9", Out("f.flt")}), 0);
-    EXPECT_EQ(doc.batchUsed, 2.0);
-    EXPECT_EQ(doc.numBatches, 2);
-    EXPECT_EQ(doc.trailingObs, 1);
-    EXPECT_EQ(doc.trailingTime, 0.0);
-    EXPECT_EQ(doc.covEstimate, 0.0);
+    EXPECT_EQ(doc.Results().batchUsed, 2.0);
+    EXPECT_EQ(doc.Results().numBatches, 2);
+    EXPECT_EQ(doc.Results().trailingObs, 1);
+    EXPECT_EQ(doc.Results().trailingTime, 0.0);
+    EXPECT_EQ(doc.Results().covEstimate, 0.0);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("f.flt")), {{1.5, 2.0}, {3.5, 6.0}, {-1.0, -1.0}}));
 }
 
@@ -199,9 +199,9 @@ TEST_F(Filtr, DefaultBatchSizeFormsTenBatchesOfTheFirstReplication) {
     for (const auto& c : byObs) {
         CFiltrDoc doc;
         ASSERT_EQ(RunBatch(doc, {File("d.dat", KIND_TALLY, TallyRecords(values(c.n))), "", "", "", "O", ""}), 0);
-        EXPECT_EQ(doc.batchUsed, c.perBatch);
-        EXPECT_EQ(doc.numBatches, c.batches);
-        EXPECT_EQ(doc.trailingObs, c.trailing);
+        EXPECT_EQ(doc.Results().batchUsed, c.perBatch);
+        EXPECT_EQ(doc.Results().numBatches, c.batches);
+        EXPECT_EQ(doc.Results().trailingObs, c.trailing);
     }
     // By time, records at 0..20 span 20: W = 2. The record at 20 sits on the end
     // of [18,20], which never closes: nine batches, 2 time units trailing.
@@ -210,9 +210,9 @@ TEST_F(Filtr, DefaultBatchSizeFormsTenBatchesOfTheFirstReplication) {
     recs.push_back({-1, -1});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {File("e.dat", KIND_DSTAT, recs), "", "", "", "T", "0"}), 0);
-    EXPECT_EQ(doc.batchUsed, 2.0);
-    EXPECT_EQ(doc.numBatches, 9);
-    EXPECT_EQ(doc.trailingTime, 2.0);
+    EXPECT_EQ(doc.Results().batchUsed, 2.0);
+    EXPECT_EQ(doc.Results().numBatches, 9);
+    EXPECT_EQ(doc.Results().trailingTime, 2.0);
 }
 
 TEST_F(Filtr, AllKeepsTheFirstDefaultAndCopiesReplicationEnds) {
@@ -225,8 +225,8 @@ TEST_F(Filtr, AllKeepsTheFirstDefaultAndCopiesReplicationEnds) {
     recs.push_back({-2, -1});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {File("all.dat", KIND_DSTAT, recs), "All", "", "", "T", "", Out("all.flt")}), 0);
-    EXPECT_EQ(doc.batchUsed, 2.0);
-    EXPECT_EQ(doc.numBatches, 19);  // the last replication's
+    EXPECT_EQ(doc.Results().batchUsed, 2.0);
+    EXPECT_EQ(doc.Results().numBatches, 19);  // the last replication's
     std::vector<Pair> out = ReadRecords(Out("all.flt"));
     ASSERT_EQ(out.size(), 9u + 1u + 19u + 1u);
     EXPECT_TRUE(out[9] == (Pair{-1.0, 0.0}));
@@ -245,8 +245,8 @@ TEST_F(Filtr, LaterReplicationTruncatesFromItsOwnStart) {
     ASSERT_EQ(RunBatch(all, {src, "All", "", "1", "T", "1", Out("r.flt")}), 0);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("r.flt")), {{1.5, 20.0}, {-1.0, 0.0},
                                                                   {101.5, 2.0}, {-2.0, -1.0}}));
-    EXPECT_EQ(all.trailingTime, 1.0);
-    EXPECT_EQ(all.numBatches, -1);  // one mean per pass: S = 0
+    EXPECT_EQ(all.Results().trailingTime, 1.0);
+    EXPECT_EQ(all.Results().numBatches, -1);  // one mean per pass: S = 0
 
     // The same holds for replication 2 chosen alone, which ends with the closing record.
     CFiltrDoc one;
@@ -263,9 +263,9 @@ TEST_F(Filtr, LumpedByTimeGoesOnOnlyWhileTimeDoesNotRunBack) {
                           {{0, 1}, {1, 2}, {2, 3}, {-1, 0}, {2.5, 4}, {3, 5}, {4, 6}, {-2, -1}});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {on, "Lumped", "", "", "T", "1", Out("on.flt")}), 0);
-    EXPECT_EQ(doc.numBatches, 3);
-    EXPECT_NEAR(doc.covEstimate, 37.0 / 76.0, 1e-15);
-    EXPECT_EQ(doc.trailingTime, 1.0);
+    EXPECT_EQ(doc.Results().numBatches, 3);
+    EXPECT_NEAR(doc.Results().covEstimate, 37.0 / 76.0, 1e-15);
+    EXPECT_EQ(doc.Results().trailingTime, 1.0);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("on.flt")), {{0.5, 1.0}, {1.5, 2.0},
                                                                    {2.5, 3.5}, {-1.0, -1.0}}));
 
@@ -274,8 +274,8 @@ TEST_F(Filtr, LumpedByTimeGoesOnOnlyWhileTimeDoesNotRunBack) {
     std::string back = File("back.dat", KIND_DSTAT, {{0, 1}, {1, 2}, {2, 3}, {-1, 0}, {0.5, 4}, {3, 5}, {-2, -1}});
     CFiltrDoc stop;
     ASSERT_EQ(RunBatch(stop, {back, "Lumped", "", "", "T", "1", Out("back.flt")}), 0);
-    EXPECT_EQ(stop.numBatches, -1);
-    EXPECT_EQ(stop.trailingTime, -1.0);
+    EXPECT_EQ(stop.Results().numBatches, -1);
+    EXPECT_EQ(stop.Results().trailingTime, -1.0);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("back.flt")), {{0.5, 1.0}, {-1.0, -1.0}}));
 }
 
@@ -284,8 +284,8 @@ TEST_F(Filtr, LumpedByObservationsRefusesTimeRunningBack) {
     std::string on = File("on.dat", KIND_TALLY, {{1, 1}, {2, 2}, {3, 3}, {-1, 0}, {4, 4}, {5, 5}, {-2, -1}});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {on, "Lumped", "", "", "O", "2", Out("on.flt")}), 0);
-    EXPECT_EQ(doc.numBatches, 2);
-    EXPECT_EQ(doc.trailingObs, 1);
+    EXPECT_EQ(doc.Results().numBatches, 2);
+    EXPECT_EQ(doc.Results().trailingObs, 1);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("on.flt")), {{1.5, 1.5}, {3.5, 3.5}, {-1.0, -1.0}}));
 
     // A later replication starting before the last time read, at any boundary.
@@ -305,10 +305,10 @@ TEST_F(Filtr, DataEndingBeforeTheTruncationPoint) {
     std::string src = File("short.dat", KIND_DSTAT, {{0, 1}, {1, 2}, {-1, -1}});
     CFiltrDoc time;
     ASSERT_EQ(RunBatch(time, {src, "", "", "5", "T", "1", Out("short.flt")}), 0);
-    EXPECT_EQ(time.truncUsed, -1.0);
-    EXPECT_EQ(time.numBatches, -1);
-    EXPECT_EQ(time.trailingTime, -1.0);
-    EXPECT_EQ(time.covEstimate, -1.0);
+    EXPECT_EQ(time.Results().truncUsed, -1.0);
+    EXPECT_EQ(time.Results().numBatches, -1);
+    EXPECT_EQ(time.Results().trailingTime, -1.0);
+    EXPECT_EQ(time.Results().covEstimate, -1.0);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("short.flt")), {{-1.0, -1.0}}));
 
     CFiltrDoc obs;
@@ -345,10 +345,10 @@ TEST_F(Filtr, NoBatchingCopiesWhatFollowsTheTruncation) {
     std::string src = File("n.dat", KIND_TALLY, {{1, 1}, {-1, -2}, {2, 2}, {3, 3}, {-1, -1}});
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {src, "", "", "1", "", "", Out("n.flt")}), 0);
-    EXPECT_EQ(doc.truncUsed, 1.0);
-    EXPECT_EQ(doc.numBatches, -1);
-    EXPECT_EQ(doc.trailingObs, -1);
-    EXPECT_EQ(doc.covEstimate, -1.0);
+    EXPECT_EQ(doc.Results().truncUsed, 1.0);
+    EXPECT_EQ(doc.Results().numBatches, -1);
+    EXPECT_EQ(doc.Results().trailingObs, -1);
+    EXPECT_EQ(doc.Results().covEstimate, -1.0);
     EXPECT_TRUE(SameRecords(ReadRecords(Out("n.flt")), {{2.0, 2.0}, {3.0, 3.0}, {-1.0, -1.0}}));
 }
 
@@ -365,9 +365,9 @@ TEST_F(Filtr, BatchingByObservationsTruncatedByTime) {
     for (const auto& c : cases) {
         CFiltrDoc doc;
         ASSERT_EQ(RunBatch(doc, {src, "", "Time", c.trunc, "O", "1"}), 0) << c.trunc;
-        EXPECT_EQ(doc.numBatches, c.batches) << c.trunc;
-        EXPECT_EQ(doc.truncUsed, c.truncUsed) << c.trunc;
-        EXPECT_NEAR(doc.covEstimate, c.estimate, 1e-15) << c.trunc;
+        EXPECT_EQ(doc.Results().numBatches, c.batches) << c.trunc;
+        EXPECT_EQ(doc.Results().truncUsed, c.truncUsed) << c.trunc;
+        EXPECT_NEAR(doc.Results().covEstimate, c.estimate, 1e-15) << c.trunc;
     }
 }
 
@@ -378,7 +378,7 @@ TEST_F(Filtr, BatchingByTimeAlwaysTruncatesByTime) {
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {src, "", "Observation", "1", "Time", "1", Out("u.flt")}), 0);
     EXPECT_EQ(doc.truncUnit, 1);
-    EXPECT_EQ(doc.truncUsed, 1.0);
+    EXPECT_EQ(doc.Results().truncUsed, 1.0);
     // Records at 0..5 with values 1,2,3,4,0,0: [1,2] = 2, [2,3] = 3, [3,4] = 4.
     EXPECT_TRUE(SameRecords(ReadRecords(Out("u.flt")), {{1.5, 2.0}, {2.5, 3.0},
                                                                   {3.5, 4.0}, {-1.0, -1.0}}));
@@ -390,7 +390,7 @@ TEST_F(Filtr, EstimateKeepsItsDigitsOnALargeOffset) {
     for (int i = 1; i <= 8; ++i) values.push_back(1e9 + i);
     CFiltrDoc doc;
     ASSERT_EQ(RunBatch(doc, {File("big.dat", KIND_TALLY, TallyRecords(values)), "", "", "", "O", "1"}), 0);
-    EXPECT_NEAR(doc.covEstimate, 11.0 / 12.0, 1e-12);
+    EXPECT_NEAR(doc.Results().covEstimate, 11.0 / 12.0, 1e-12);
 }
 
 TEST_F(Filtr, FileWithoutEndMarkerIsBatchedToItsEnd) {

@@ -81,19 +81,17 @@ TEST_F(StdIntrvlDocTest, ResultsAndGraphRange) {
     CStdInDlg dlg = MakeDialog({{s5, "", ""}, {b2, "2", ""}}, "0.95");
     CStdIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    const CMultiFileItem& r = doc.m_items[0];
-    EXPECT_EQ(r.m_dAverage, 3.0);
-    EXPECT_DOUBLE_EQ(r.m_dStdDev, std::sqrt(3.5));
-    EXPECT_NEAR(r.m_dHalfWidth, 3.182446 * std::sqrt(3.5 / 3.0), 1e-5);
-    EXPECT_EQ(r.m_dMin, 1.0);
-    EXPECT_EQ(r.m_dMax, 6.0);
-    EXPECT_EQ(r.m_lNumObs, 4);
-    EXPECT_EQ(g_WorkTable[0], 3.0);
-    EXPECT_EQ(g_WorkTable[4], 6.0);
-    EXPECT_EQ(g_WorkTable[5], 7.5);
+    const IntervalRow& r = doc.Results().rows[0];
+    EXPECT_EQ(r.average, 3.0);
+    EXPECT_DOUBLE_EQ(r.stdDev, std::sqrt(3.5));
+    EXPECT_NEAR(r.halfWidth, 3.182446 * std::sqrt(3.5 / 3.0), 1e-5);
+    EXPECT_EQ(r.min, 1.0);
+    EXPECT_EQ(r.max, 6.0);
+    EXPECT_EQ(r.numObs, 4);
+    EXPECT_EQ(doc.Results().rows[1].average, 7.5);
     // Lowest: replication 2's lower limit 7.5 - 19.06; highest its upper limit.
-    EXPECT_NEAR(doc.m_dGraphLow, 7.5 - 12.706205 * 1.5, 1e-4);
-    EXPECT_NEAR(doc.m_dGraphHigh, 7.5 + 12.706205 * 1.5, 1e-4);
+    EXPECT_NEAR(doc.Results().graphLow, 7.5 - 12.706205 * 1.5, 1e-4);
+    EXPECT_NEAR(doc.Results().graphHigh, 7.5 + 12.706205 * 1.5, 1e-4);
     EXPECT_EQ(doc.GraphTitleId(), 15953);
 }
 
@@ -109,7 +107,7 @@ TEST_F(StdIntrvlDocTest, TooFewObservations) {
     CStdInDlg first = MakeDialog({{split, "1", ""}}, "0.95");
     CStdIntrvlDoc d1, d2;
     EXPECT_EQ(d1.InitFromDialog(lumped), 0);
-    EXPECT_EQ(d1.m_items[0].m_lNumObs, 2);
+    EXPECT_EQ(d1.Results().rows[0].numObs, 2);
     EXPECT_EQ(d2.InitFromDialog(first), 15901);
 }
 
@@ -123,7 +121,7 @@ TEST_F(StdIntrvlDocTest, AtMost4999Batches) {
     CStdInDlg d1 = MakeDialog({{ok, "", ""}}, "0.95");
     CStdIntrvlDoc doc1;
     EXPECT_EQ(doc1.InitFromDialog(d1), 0);
-    EXPECT_EQ(doc1.m_items[0].m_lNumObs, 9998);
+    EXPECT_EQ(doc1.Results().rows[0].numObs, 9998);
 
     CStdInDlg d2 = MakeDialog({{ok, "", ""}, {over, "", ""}}, "0.95");
     CStdIntrvlDoc doc2;
@@ -138,8 +136,8 @@ TEST_F(StdIntrvlDocTest, LargeOffsetKeepsItsDigits) {
     CStdInDlg dlg = MakeDialog({{big, "", ""}}, "0.95");
     CStdIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(doc.m_items[0].m_dAverage, 1e9 + 3.0 / 8);
-    EXPECT_NEAR(doc.m_items[0].m_dStdDev, std::sqrt(3.5) / 8, 1e-12);
+    EXPECT_EQ(doc.Results().rows[0].average, 1e9 + 3.0 / 8);
+    EXPECT_NEAR(doc.Results().rows[0].stdDev, std::sqrt(3.5) / 8, 1e-12);
 }
 
 TEST_F(StdIntrvlDocTest, OneBatchOfAllObservations) {
@@ -149,12 +147,12 @@ TEST_F(StdIntrvlDocTest, OneBatchOfAllObservations) {
     CStdIntrvlDoc doc;
     doc.m_nBatchSize = MAX_SHORT;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    const CMultiFileItem& r = doc.m_items[0];
-    EXPECT_DOUBLE_EQ(r.m_dAverage, 4.2);
-    EXPECT_DOUBLE_EQ(r.m_dStdDev, std::sqrt(7.22));
-    EXPECT_NEAR(r.m_dHalfWidth, 12.706205 * std::sqrt(7.22), 1e-4);
-    EXPECT_EQ(r.m_lNumObs, 5);
-    EXPECT_EQ(r.m_dMax, 9.0);
+    const IntervalRow& r = doc.Results().rows[0];
+    EXPECT_DOUBLE_EQ(r.average, 4.2);
+    EXPECT_DOUBLE_EQ(r.stdDev, std::sqrt(7.22));
+    EXPECT_NEAR(r.halfWidth, 12.706205 * std::sqrt(7.22), 1e-4);
+    EXPECT_EQ(r.numObs, 5);
+    EXPECT_EQ(r.max, 9.0);
 }
 
 }  // namespace

@@ -43,7 +43,8 @@ protected:
         dlg.m_nMethod = method;
         dlg.m_strLevel = level;
         dlg.m_strTitle = "T";
-        for (const auto& [path, reps] : files) dlg.AddFile(path, reps);
+        for (std::size_t i = 0; i + 1 < files.size(); i += 2)
+            dlg.AddPair({files[i].first, files[i].second}, {files[i + 1].first, files[i + 1].second});
         if (int rc = dlg.Validate(nullptr)) return rc;
         return doc.InitFromDialog(dlg);
     }
@@ -63,20 +64,19 @@ TEST_F(ComprDocTest, PairedHandWorked) {
     std::string b = File("b.dat", {{3, 4, 8, 6}});
     CComprDoc doc;
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {b, ""}}), 0);
-    const CMultiFileItem& ra = doc.PairA(0);
-    const CMultiFileItem& rb = doc.PairB(0);
-    EXPECT_DOUBLE_EQ(ra.m_dAverage, 1.5);
-    EXPECT_DOUBLE_EQ(ra.m_dStdDev, std::sqrt(5.0 / 3.0));
-    EXPECT_NEAR(ra.m_dHalfWidth, kT3 * std::sqrt(5.0 / 3.0) / 2.0, kTableTolerance);
-    EXPECT_EQ(ra.m_lNumObs, 4);
-    EXPECT_EQ(rb.m_lNumObs, 4);
-    EXPECT_EQ(ra.m_dMin, 5);
-    EXPECT_EQ(ra.m_dMax, 9);
-    EXPECT_EQ(rb.m_dMin, 3);
-    EXPECT_EQ(rb.m_dMax, 8);
-    EXPECT_EQ(rb.m_dAverage, ra.m_dAverage);
-    EXPECT_EQ(rb.m_dHalfWidth, ra.m_dHalfWidth);
-    EXPECT_EQ(doc.PairIdentifier(0), a);
+    const PairRow& ra = doc.Results().rows[0];
+        EXPECT_DOUBLE_EQ(ra.estimate, 1.5);
+    EXPECT_DOUBLE_EQ(ra.stdDev, std::sqrt(5.0 / 3.0));
+    EXPECT_NEAR(ra.halfWidth, kT3 * std::sqrt(5.0 / 3.0) / 2.0, kTableTolerance);
+    EXPECT_EQ(ra.a.numObs, 4);
+    EXPECT_EQ(ra.b.numObs, 4);
+    EXPECT_EQ(ra.a.min, 5);
+    EXPECT_EQ(ra.a.max, 9);
+    EXPECT_EQ(ra.b.min, 3);
+    EXPECT_EQ(ra.b.max, 8);
+    EXPECT_EQ(ra.estimate, ra.estimate);
+    EXPECT_EQ(ra.halfWidth, ra.halfWidth);
+    EXPECT_EQ(doc.Results().rows[0].ident, a);
 }
 
 // A: mean 14, variance 40/4 = 10; B: mean 10, variance 2/2 = 1.
@@ -86,12 +86,12 @@ TEST_F(ComprDocTest, TwoSampleHandWorked) {
     std::string b = File("b.dat", {{9, 10, 11}});
     CComprDoc doc;
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
-    const CMultiFileItem& ra = doc.PairA(0);
-    EXPECT_DOUBLE_EQ(ra.m_dAverage, 4.0);
-    EXPECT_DOUBLE_EQ(ra.m_dStdDev, std::sqrt(7.0 / 3.0));
-    EXPECT_NEAR(ra.m_dHalfWidth, kT5 * std::sqrt(7.0 / 3.0), kTableTolerance * 2);
-    EXPECT_EQ(ra.m_lNumObs, 5);
-    EXPECT_EQ(doc.PairB(0).m_lNumObs, 3);
+    const PairRow& ra = doc.Results().rows[0];
+    EXPECT_DOUBLE_EQ(ra.estimate, 4.0);
+    EXPECT_DOUBLE_EQ(ra.stdDev, std::sqrt(7.0 / 3.0));
+    EXPECT_NEAR(ra.halfWidth, kT5 * std::sqrt(7.0 / 3.0), kTableTolerance * 2);
+    EXPECT_EQ(ra.a.numObs, 5);
+    EXPECT_EQ(doc.Results().rows[0].b.numObs, 3);
 }
 
 // A = 2, 4, 6, 8: variance 20/3, wA = 5/3. B = 5, 5, 6, 7: mean 5.75, variance
@@ -103,9 +103,9 @@ TEST_F(ComprDocTest, WelchDegreesOfFreedomAreCut) {
     CComprDoc doc;
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
     const double se = std::sqrt(91.0 / 48.0);
-    EXPECT_NEAR(doc.PairA(0).m_dHalfWidth, kT3 * se, kTableTolerance * 2);
-    EXPECT_GT(std::fabs(doc.PairA(0).m_dHalfWidth - kT4 * se), 0.5);
-    EXPECT_DOUBLE_EQ(doc.PairA(0).m_dAverage, -0.75);
+    EXPECT_NEAR(doc.Results().rows[0].halfWidth, kT3 * se, kTableTolerance * 2);
+    EXPECT_GT(std::fabs(doc.Results().rows[0].halfWidth - kT4 * se), 0.5);
+    EXPECT_DOUBLE_EQ(doc.Results().rows[0].estimate, -0.75);
 }
 
 TEST_F(ComprDocTest, PairingEndsWithTheShorterFile) {
@@ -114,14 +114,14 @@ TEST_F(ComprDocTest, PairingEndsWithTheShorterFile) {
     CComprDoc doc;
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {b, ""}}), 0);
     // d = 0, 1: B's second replication is not read under treatment 1.
-    EXPECT_EQ(doc.PairA(0).m_lNumObs, 2);
-    EXPECT_DOUBLE_EQ(doc.PairA(0).m_dAverage, 0.5);
-    EXPECT_EQ(doc.PairA(0).m_dMax, 2);
+    EXPECT_EQ(doc.Results().rows[0].a.numObs, 2);
+    EXPECT_DOUBLE_EQ(doc.Results().rows[0].estimate, 0.5);
+    EXPECT_EQ(doc.Results().rows[0].a.max, 2);
     // Lumped B goes on into its second replication: d = 0, 1, -47, -56.
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {b, "Lumped"}}), 0);
-    EXPECT_EQ(doc.PairA(0).m_lNumObs, 4);
-    EXPECT_DOUBLE_EQ(doc.PairA(0).m_dAverage, -25.5);
-    EXPECT_EQ(doc.PairB(0).m_dMax, 60);
+    EXPECT_EQ(doc.Results().rows[0].a.numObs, 4);
+    EXPECT_DOUBLE_EQ(doc.Results().rows[0].estimate, -25.5);
+    EXPECT_EQ(doc.Results().rows[0].b.max, 60);
 }
 
 TEST_F(ComprDocTest, AllPairsReplicationWithReplication) {
@@ -129,13 +129,13 @@ TEST_F(ComprDocTest, AllPairsReplicationWithReplication) {
     std::string b = File("b.dat", {{1, 1}, {1, 1}});
     CComprDoc doc;
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, "All"}, {b, "All"}, {a, "1"}, {b, "2"}}), 0);
-    ASSERT_EQ(doc.PairCount(), 3);
-    EXPECT_EQ(doc.PairIdentifier(0), a + "@1");
-    EXPECT_EQ(doc.PairIdentifier(1), a + "@2");
-    EXPECT_EQ(doc.PairIdentifier(2), a);
-    EXPECT_DOUBLE_EQ(doc.PairA(0).m_dAverage, 0.5);
-    EXPECT_DOUBLE_EQ(doc.PairA(1).m_dAverage, 2.5);
-    EXPECT_DOUBLE_EQ(doc.PairA(2).m_dAverage, 0.5);
+    ASSERT_EQ(static_cast<int>(doc.Results().rows.size()), 3);
+    EXPECT_EQ(doc.Results().rows[0].ident, a + "@1");
+    EXPECT_EQ(doc.Results().rows[1].ident, a + "@2");
+    EXPECT_EQ(doc.Results().rows[2].ident, a);
+    EXPECT_DOUBLE_EQ(doc.Results().rows[0].estimate, 0.5);
+    EXPECT_DOUBLE_EQ(doc.Results().rows[1].estimate, 2.5);
+    EXPECT_DOUBLE_EQ(doc.Results().rows[2].estimate, 0.5);
 }
 
 TEST_F(ComprDocTest, FailuresOfTheRead) {
@@ -158,11 +158,11 @@ TEST_F(ComprDocTest, ChartRangeAlwaysHoldsZero) {
     std::string b = File("b.dat", {{1, 2, 3, 2, 1}});
     CComprDoc doc;
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}, {a, ""}, {a, ""}}), 0);
-    EXPECT_GT(doc.PairA(0).m_dLower, 0.0);
-    EXPECT_EQ(doc.m_dHigh, doc.PairA(0).m_dUpper);
-    EXPECT_EQ(doc.m_dLow, doc.PairA(1).m_dLower);
+    EXPECT_GT(doc.Results().rows[0].lower, 0.0);
+    EXPECT_EQ(doc.Results().high, doc.Results().rows[0].upper);
+    EXPECT_EQ(doc.Results().low, doc.Results().rows[1].lower);
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
-    EXPECT_EQ(doc.m_dLow, 0.0);
+    EXPECT_EQ(doc.Results().low, 0.0);
 }
 
 // 10^7 plus noise of 0.1: the plain sums of squares would leave nothing.
@@ -179,12 +179,12 @@ TEST_F(ComprDocTest, LargeOffsetKeepsItsDigits) {
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
     // Both variances are 0.1 / 4 * 1000 / 999 (five values repeated 200 times).
     const double v = 0.1 * 200.0 / 999.0;
-    EXPECT_NEAR(doc.PairA(0).m_dStdDev, std::sqrt(2.0 * v / 1000.0), 1e-9);
-    EXPECT_NEAR(doc.PairA(0).m_dAverage, 1e7, 1e-7);
+    EXPECT_NEAR(doc.Results().rows[0].stdDev, std::sqrt(2.0 * v / 1000.0), 1e-9);
+    EXPECT_NEAR(doc.Results().rows[0].estimate, 1e7, 1e-7);
     // Paired: the differences 1e7 + 0.1 - 0.2, ... have the same spread as (a - b) noise.
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {a, ""}}), 0);
-    EXPECT_EQ(doc.PairA(0).m_dAverage, 0.0);
-    EXPECT_EQ(doc.PairA(0).m_dStdDev, 0.0);
+    EXPECT_EQ(doc.Results().rows[0].estimate, 0.0);
+    EXPECT_EQ(doc.Results().rows[0].stdDev, 0.0);
 }
 
 // One observation per file: the Welch fraction is 0/0 and its cut the minimum
@@ -194,11 +194,11 @@ TEST_F(ComprDocTest, OneObservation) {
     std::string b = File("b.dat", {{1}});
     CComprDoc doc;
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_TWO_SAMPLE, {{a, ""}, {b, ""}}), 0);
-    EXPECT_EQ(doc.PairA(0).m_dAverage, 3.0);
-    EXPECT_EQ(doc.PairA(0).m_dStdDev, 0.0);
+    EXPECT_EQ(doc.Results().rows[0].estimate, 3.0);
+    EXPECT_EQ(doc.Results().rows[0].stdDev, 0.0);
     ASSERT_EQ(Compute(doc, CComprDlg::METHOD_PAIRED, {{a, ""}, {b, ""}}), 0);
-    EXPECT_EQ(doc.PairA(0).m_lNumObs, 1);
-    EXPECT_EQ(doc.PairA(0).m_dHalfWidth, 0.0);
+    EXPECT_EQ(doc.Results().rows[0].a.numObs, 1);
+    EXPECT_EQ(doc.Results().rows[0].halfWidth, 0.0);
 }
 
 // Reports written out by hand from the line formats.
@@ -207,9 +207,8 @@ TEST_F(ComprDocTest, PairedReport) {
     std::string b = File("b.dat", {{3, 4, 8, 6}});
     CComprDlg dlg;
     dlg.m_strTitle = "Paired";
-    dlg.AddFile(a, "");
-    dlg.AddFile(b, "");
-    dlg.m_items[0].m_strIdent = "A.dat";
+    dlg.AddPair({a, ""}, {b, ""});
+    dlg.m_pairs[0].a.m_strIdent = "A.dat";
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CComprDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
@@ -231,9 +230,8 @@ TEST_F(ComprDocTest, TwoSampleReport) {
     CComprDlg dlg;
     dlg.m_nMethod = CComprDlg::METHOD_TWO_SAMPLE;
     dlg.m_strLevel = "0.9";
-    dlg.AddFile(a, "");
-    dlg.AddFile(b, "");
-    dlg.m_items[0].m_strIdent = "A.dat";
+    dlg.AddPair({a, ""}, {b, ""});
+    dlg.m_pairs[0].a.m_strIdent = "A.dat";
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CComprDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
@@ -250,23 +248,23 @@ TEST_F(ComprDocTest, TwoSampleReport) {
 }
 
 // The view alone, on results set by hand: identifier splits and verdicts.
+struct ResultsDoc : CComprDoc {
+    using CComprDoc::m_results;
+};
+
 class ComprView : public ::testing::Test {
 protected:
     void AddPair(const std::string& ident, double estimate, double hw) {
-        CMultiFileItem a("a.dat", ""), b("b.dat", "");
-        a.m_strIdent = ident;
-        for (CMultiFileItem* item : {&a, &b}) {
-            item->m_dAverage = estimate;
-            item->m_dStdDev = 1.0;
-            item->m_dHalfWidth = hw;
-            item->m_dLower = estimate - hw;
-            item->m_dUpper = estimate + hw;
-            item->m_dMin = 1.0;
-            item->m_dMax = 2.0;
-            item->m_lNumObs = 3;
-        }
-        doc.m_items.push_back(a);
-        doc.m_items.push_back(b);
+        PairRow row;
+        row.ident = ident;
+        row.estimate = estimate;
+        row.stdDev = 1.0;
+        row.halfWidth = hw;
+        row.lower = estimate - hw;
+        row.upper = estimate + hw;
+        row.a = row.b = {1.0, 2.0, 3};
+        row.computed = true;
+        doc.m_results.rows.push_back(row);
     }
     std::string Body() {
         CComprTextView view;
@@ -275,7 +273,7 @@ protected:
         std::size_t dashes = text.find("---\n");
         return text.substr(dashes + 4);
     }
-    CComprDoc doc;
+    ResultsDoc doc;
 };
 
 TEST_F(ComprView, IdentifiersOver20And40Characters) {

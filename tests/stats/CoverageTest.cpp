@@ -53,9 +53,9 @@ protected:
         dlg.m_strLevel = "95";
         Doc doc;
         EXPECT_EQ(doc.InitFromDialog(dlg), 0);
-        EXPECT_EQ(doc.m_items.size(), static_cast<std::size_t>(kSamples));
+        EXPECT_EQ(doc.Results().rows.size(), static_cast<std::size_t>(kSamples));
         int covered = 0;
-        for (const CMultiFileItem& row : doc.m_items) covered += row.m_dLower <= truth && truth <= row.m_dUpper;
+        for (const IntervalRow& row : doc.Results().rows) covered += row.lower <= truth && truth <= row.upper;
         RecordProperty("covered", covered);
         return static_cast<double>(covered) / kSamples;
     }

@@ -19,7 +19,7 @@ struct Case {
     const char* level;
     int id;
     int index;  // failing index after the call; -7 when it is not written
-    const char* focus;
+    DlgControl focus;
     int selected;
 };
 
@@ -31,8 +31,6 @@ protected:
         s_dir = new IntervalTestDir;
         s_dir->WriteReps("tally.dat", KIND_TALLY, {{1, 2}, {3}});
         s_dir->WriteReps("dstat.dat", KIND_DSTAT, {{1, 2}});
-        s_dir->WriteReps("cstat.dat", KIND_CSTAT, {{1, 2}});
-        s_dir->WriteReps("counter.dat", KIND_COUNTER, {{1, 2}});
         s_dir->WriteReps("freq.dat", KIND_FREQUENCY, {{1, 2}});
         s_dir->WriteReps("output.dat", KIND_OUTPUT, {{4}, {5}});
         s_dir->WriteReps("filtered.dat", KIND_FILTERED, {{4}});
@@ -58,41 +56,36 @@ TEST_P(IntrvlDlgTest, ChecksInOrder) {
     EXPECT_EQ(dlg.SelectedRow(), c.selected) << c.what;
 }
 
-const char* const kList = kFileListControl;
-const char* const kLevel = kLevelControl;
+constexpr DlgControl kList = DlgControl::FileList;
+constexpr DlgControl kLevel = DlgControl::Level;
+constexpr DlgControl kNone = DlgControl::None;
 
 INSTANTIATE_TEST_SUITE_P(
     Validation, IntrvlDlgTest,
     ::testing::Values(
-        Case{"no file", {}, "0.95", 15814, -7, "", -1},
-        Case{"no file beats a bad level", {}, "abc", 15814, -7, "", -1},
+        Case{"no file", {}, "0.95", 15814, -7, kNone, -1},
+        Case{"no file beats a bad level", {}, "abc", 15814, -7, kNone, -1},
         Case{"level not a number", {{"tally.dat", ""}}, "abc", 15813, -7, kLevel, -1},
-        Case{"level before files", {{"missing.dat", ""}}, "high", 15813, -7, kLevel, -1},
         Case{"level below 0", {{"tally.dat", ""}}, "-1", 15813, -7, kLevel, -1},
         Case{"level above 100", {{"tally.dat", ""}}, "100.5", 15813, -7, kLevel, -1},
-        Case{"minus zero is refused by the number parse", {{"tally.dat", ""}}, "-0", 15813, -7, kLevel, -1},
         Case{"trailing blank", {{"tally.dat", ""}}, "95 ", 15813, -7, kLevel, -1},
-        Case{"level 0 accepted", {{"tally.dat", ""}}, "0", 0, 0, "", -1},
-        Case{"level 100 accepted", {{"tally.dat", ""}}, "100", 0, 0, "", -1},
-        Case{"level 1.5 accepted", {{"tally.dat", ""}}, "1.5", 0, 0, "", -1},
-        Case{"empty level parses as 0", {{"tally.dat", ""}}, "", 0, 0, "", -1},
+        Case{"level 0 accepted", {{"tally.dat", ""}}, "0", 0, 0, kNone, -1},
+        Case{"level 100 accepted", {{"tally.dat", ""}}, "100", 0, 0, kNone, -1},
+        Case{"level 1.5 accepted", {{"tally.dat", ""}}, "1.5", 0, 0, kNone, -1},
+        Case{"empty level parses as 0", {{"tally.dat", ""}}, "", 0, 0, kNone, -1},
         Case{"missing second file", {{"tally.dat", ""}, {"missing.dat", ""}}, "95", 15811, 1, kList, 1},
         Case{"existence before treatment", {{"missing.dat", "x"}}, "95", 15811, 0, kList, 0},
         Case{"treatment 0", {{"tally.dat", "0"}}, "95", 15804, 0, kList, 0},
-        Case{"treatment text", {{"tally.dat", ""}, {"tally.dat", "2x"}}, "95", 15804, 1, kList, 1},
-        Case{"word that is not a treatment", {{"tally.dat", "Batch"}}, "95", 15804, 0, kList, 0},
         Case{"treatment before header", {{"junk.dat", "-1"}}, "95", 15804, 0, kList, 0},
-        Case{"bad header, no focus", {{"tally.dat", ""}, {"junk.dat", ""}}, "95", 15821, 1, "", -1},
+        Case{"bad header, no focus", {{"tally.dat", ""}, {"junk.dat", ""}}, "95", 15821, 1, kNone, -1},
         Case{"DSTAT", {{"dstat.dat", ""}}, "95", 15810, 0, kList, 0},
-        Case{"CSTAT lumped", {{"cstat.dat", "Lumped"}}, "95", 15810, 0, kList, 0},
-        Case{"Counter all", {{"counter.dat", "All"}}, "95", 15810, 0, kList, 0},
         Case{"Frequency", {{"tally.dat", ""}, {"freq.dat", "1"}}, "95", 15810, 1, kList, 1},
         Case{"first failing file wins", {{"dstat.dat", ""}, {"missing.dat", ""}}, "95", 15810, 0, kList, 0},
-        Case{"Output data by replication", {{"output.dat", "1"}}, "0.90", 0, 0, "", -1},
+        Case{"Output data by replication", {{"output.dat", "1"}}, "0.90", 0, 0, kNone, -1},
         Case{"every treatment passes", {{"tally.dat", "All"}, {"tally.dat", "lumped"}, {"filtered.dat", ""}},
-             "0.99", 0, 2, "", -1},
+             "0.99", 0, 2, kNone, -1},
         // Replication numbers are checked when the file is read.
-        Case{"replication beyond the file", {{"tally.dat", "9"}}, "95", 0, 0, "", -1}));
+        Case{"replication beyond the file", {{"tally.dat", "9"}}, "95", 0, 0, kNone, -1}));
 
 TEST(IntrvlDlg, DerivedDialogsValidateAlikeAndKeepTheirCaption) {
     IntervalTestDir dir;
@@ -104,7 +97,7 @@ TEST(IntrvlDlg, DerivedDialogsValidateAlikeAndKeepTheirCaption) {
         int index = -1;
         EXPECT_EQ(dlg->Validate(&index), 15810);
         EXPECT_EQ(index, 0);
-        EXPECT_EQ(dlg->FocusControl(), kFileListControl);
+        EXPECT_EQ(dlg->FocusControl(), kList);
     }
     EXPECT_EQ(std.CaptionId(), 15918);
     EXPECT_EQ(sd.CaptionId(), 0);
@@ -118,7 +111,7 @@ TEST(IntrvlDlg, AFailureIsClearedByTheNextValidation) {
     EXPECT_EQ(dlg.Validate(nullptr), 15804);
     dlg.m_items[0].m_strReps = "Lumped";
     EXPECT_EQ(dlg.Validate(nullptr), 0);
-    EXPECT_EQ(dlg.FocusControl(), "");
+    EXPECT_EQ(dlg.FocusControl(), kNone);
     EXPECT_EQ(dlg.SelectedRow(), -1);
 }
 
@@ -130,15 +123,6 @@ TEST(IntrvlDlg, EditNeedsASelectedRow) {
     EXPECT_EQ(dlg.OnChange(-1), 15841);
     EXPECT_EQ(dlg.OnChange(1), 0);
     EXPECT_EQ(dlg.OnChange(2), 15841);
-}
-
-TEST(IntrvlDlg, LevelToErrorProbability) {
-    struct {
-        const char* level;
-        double alpha;
-    } const cases[] = {{"0.95", 0.05}, {"95", 0.05}, {"0.99", 0.01}, {"90", 0.10}, {"1", 0.0},
-                       {"1.5", 0.985}, {"0", 1.0},   {"100", 0.0},   {"50", 0.5}};
-    for (const auto& c : cases) EXPECT_NEAR(intrvl_AlphaFromLevel(c.level), c.alpha, 1e-15) << c.level;
 }
 
 }  // namespace

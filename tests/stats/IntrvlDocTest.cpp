@@ -11,6 +11,7 @@
 #include "stats/IntrvlDlg.h"
 #include "stats/IntrvlDoc.h"
 #include "stats/IntrvlTextView.h"
+#include "stats/SdIntDoc.h"
 
 namespace {
 
@@ -87,19 +88,19 @@ TEST_F(IntrvlDocTest, ResultsStayInTheRows) {
     CIntrvlDlg dlg = MakeDialog({{b, "All", ""}, {a, "", ""}}, "95");
     CIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    ASSERT_EQ(doc.m_items.size(), 3u);
-    EXPECT_EQ(doc.m_items[0].Identifier(), b + "@1");
-    EXPECT_EQ(doc.m_items[1].Identifier(), b + "@2");
-    EXPECT_EQ(doc.m_items[1].m_nTreatment, 2);
-    EXPECT_EQ(doc.m_items[2].Identifier(), a);
-    const CMultiFileItem& r = doc.m_items[1];
-    EXPECT_DOUBLE_EQ(r.m_dAverage, 22.0);
-    EXPECT_DOUBLE_EQ(r.m_dStdDev, 2.0);
-    EXPECT_NEAR(r.m_dHalfWidth, 4.302653 * 2.0 / std::sqrt(3.0), 1e-5);
-    EXPECT_DOUBLE_EQ(r.m_dLower, r.m_dAverage - r.m_dHalfWidth);
-    EXPECT_DOUBLE_EQ(r.m_dUpper, r.m_dAverage + r.m_dHalfWidth);
-    EXPECT_EQ(r.m_lNumObs, 3);
-    EXPECT_TRUE(r.m_bComputed);
+    ASSERT_EQ(doc.Results().rows.size(), 3u);
+    EXPECT_EQ(doc.Results().rows[0].ident, b + "@1");
+    EXPECT_EQ(doc.Results().rows[1].ident, b + "@2");
+    EXPECT_EQ(doc.Results().rows[1].treatment, 2);
+    EXPECT_EQ(doc.Results().rows[2].ident, a);
+    const IntervalRow& r = doc.Results().rows[1];
+    EXPECT_DOUBLE_EQ(r.average, 22.0);
+    EXPECT_DOUBLE_EQ(r.stdDev, 2.0);
+    EXPECT_NEAR(r.halfWidth, 4.302653 * 2.0 / std::sqrt(3.0), 1e-5);
+    EXPECT_DOUBLE_EQ(r.lower, r.average - r.halfWidth);
+    EXPECT_DOUBLE_EQ(r.upper, r.average + r.halfWidth);
+    EXPECT_EQ(r.numObs, 3);
+    EXPECT_TRUE(r.computed);
 }
 
 TEST_F(IntrvlDocTest, LevelAsFractionOrPercentage) {
@@ -136,19 +137,22 @@ TEST_F(IntrvlDocTest, FloatAndDoubleFilesReportAlike) {
     EXPECT_EQ(Report(single), Report(dbl));
 }
 
-TEST_F(IntrvlDocTest, GraphRecordsAndRange) {
+TEST_F(IntrvlDocTest, LimitsAndGraphRange) {
     CIntrvlDlg dlg = MakeDialog({{a, "", ""}, {b, "All", ""}}, "0.95");
     CIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
     const double hwA = 2.776445 * std::sqrt(2.5) / std::sqrt(5.0);
-    const double expected[15] = {3,  3 - hwA,      3 + hwA,      1,  5,  //
-                                 11, 11 - 12.7062, 11 + 12.7062, 10, 12,  //
-                                 22, 22 - 4.9683,  22 + 4.9683,  20, 24};
-    for (int i = 0; i < 15; ++i) EXPECT_NEAR(g_WorkTable[i], expected[i], 2e-4) << i;
-    for (int r = 0; r < 3; ++r) EXPECT_EQ(doc.GraphRecordOffset(r), 5 * r);
+    const double expected[3][5] = {{3, 3 - hwA, 3 + hwA, 1, 5},
+                                   {11, 11 - 12.7062, 11 + 12.7062, 10, 12},
+                                   {22, 22 - 4.9683, 22 + 4.9683, 20, 24}};
+    for (int i = 0; i < 3; ++i) {
+        const IntervalRow& r = doc.Results().rows[static_cast<std::size_t>(i)];
+        const double got[5] = {r.average, r.lower, r.upper, r.min, r.max};
+        for (int j = 0; j < 5; ++j) EXPECT_NEAR(got[j], expected[i][j], 2e-4) << i << " " << j;
+    }
     // Lowest: rep 1's lower limit; highest: rep 2's upper limit.
-    EXPECT_NEAR(doc.m_dGraphLow, 11 - 12.70620, 1e-4);
-    EXPECT_NEAR(doc.m_dGraphHigh, 22 + 4.302653 * 2 / std::sqrt(3.0), 1e-4);
+    EXPECT_NEAR(doc.Results().graphLow, 11 - 12.70620, 1e-4);
+    EXPECT_NEAR(doc.Results().graphHigh, 22 + 4.302653 * 2 / std::sqrt(3.0), 1e-4);
     EXPECT_EQ(doc.GraphTitleId(), 15952);
 }
 
@@ -158,11 +162,11 @@ TEST_F(IntrvlDocTest, FileWithoutObservationsKeeps15901AndTheOthersAreComputed) 
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CIntrvlDoc doc;
     EXPECT_EQ(doc.InitFromDialog(dlg), 15901);
-    ASSERT_EQ(doc.m_items.size(), 3u);
-    EXPECT_TRUE(doc.m_items[0].m_bComputed);
-    EXPECT_FALSE(doc.m_items[1].m_bComputed);
-    EXPECT_TRUE(doc.m_items[2].m_bComputed);
-    EXPECT_EQ(doc.m_items[2].m_dAverage, 7.0);
+    ASSERT_EQ(doc.Results().rows.size(), 3u);
+    EXPECT_TRUE(doc.Results().rows[0].computed);
+    EXPECT_FALSE(doc.Results().rows[1].computed);
+    EXPECT_TRUE(doc.Results().rows[2].computed);
+    EXPECT_EQ(doc.Results().rows[2].average, 7.0);
 }
 
 TEST_F(IntrvlDocTest, ReplicationBeyondTheFileGives15804) {
@@ -180,12 +184,12 @@ TEST_F(IntrvlDocTest, SkipMarkersAndBoundaries) {
     CIntrvlDlg dlg = MakeDialog({{s, "1", ""}, {s, "2", ""}, {s, "Lumped", ""}}, "0.95");
     CIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(doc.m_items[0].m_lNumObs, 2);
-    EXPECT_EQ(doc.m_items[0].m_dAverage, 2.0);
-    EXPECT_EQ(doc.m_items[1].m_lNumObs, 1);
-    EXPECT_EQ(doc.m_items[1].m_dAverage, 100.0);
-    EXPECT_EQ(doc.m_items[2].m_lNumObs, 3);
-    EXPECT_EQ(doc.m_items[2].m_dMax, 100.0);
+    EXPECT_EQ(doc.Results().rows[0].numObs, 2);
+    EXPECT_EQ(doc.Results().rows[0].average, 2.0);
+    EXPECT_EQ(doc.Results().rows[1].numObs, 1);
+    EXPECT_EQ(doc.Results().rows[1].average, 100.0);
+    EXPECT_EQ(doc.Results().rows[2].numObs, 3);
+    EXPECT_EQ(doc.Results().rows[2].max, 100.0);
 }
 
 TEST_F(IntrvlDocTest, AllOnAFileCutShort) {
@@ -194,9 +198,9 @@ TEST_F(IntrvlDocTest, AllOnAFileCutShort) {
     CIntrvlDlg dlg = MakeDialog({{cut, "All", "cut"}}, "0.95");
     CIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    ASSERT_EQ(doc.m_items.size(), 2u);
-    EXPECT_EQ(doc.m_items[1].Identifier(), "cut@2");
-    EXPECT_EQ(doc.m_items[1].m_dAverage, 7.0);
+    ASSERT_EQ(doc.Results().rows.size(), 2u);
+    EXPECT_EQ(doc.Results().rows[1].ident, "cut@2");
+    EXPECT_EQ(doc.Results().rows[1].average, 7.0);
 }
 
 TEST_F(IntrvlDocTest, OutputDataReadsOneValuePerReplication) {
@@ -204,9 +208,9 @@ TEST_F(IntrvlDocTest, OutputDataReadsOneValuePerReplication) {
     CIntrvlDlg dlg = MakeDialog({{o, "2", ""}, {o, "Lumped", ""}}, "0.95");
     CIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(doc.m_items[0].m_dAverage, 6.0);
-    EXPECT_EQ(doc.m_items[1].m_dAverage, 7.0);  // (4 + 6 + 11) / 3
-    EXPECT_DOUBLE_EQ(doc.m_items[1].m_dStdDev, std::sqrt(13.0));  // (9 + 1 + 16) / 2
+    EXPECT_EQ(doc.Results().rows[0].average, 6.0);
+    EXPECT_EQ(doc.Results().rows[1].average, 7.0);  // (4 + 6 + 11) / 3
+    EXPECT_DOUBLE_EQ(doc.Results().rows[1].stdDev, std::sqrt(13.0));  // (9 + 1 + 16) / 2
 }
 
 TEST_F(IntrvlDocTest, LargeOffsetKeepsItsDigits) {
@@ -217,8 +221,8 @@ TEST_F(IntrvlDocTest, LargeOffsetKeepsItsDigits) {
     CIntrvlDlg dlg = MakeDialog({{big, "", "big.dat"}}, "0.95");
     CIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_NEAR(doc.m_items[0].m_dAverage, 1e7 + 0.3, 1e-8);
-    EXPECT_NEAR(doc.m_items[0].m_dStdDev, std::sqrt(0.02 * 100000 / 99999), 1e-8);
+    EXPECT_NEAR(doc.Results().rows[0].average, 1e7 + 0.3, 1e-8);
+    EXPECT_NEAR(doc.Results().rows[0].stdDev, std::sqrt(0.02 * 100000 / 99999), 1e-8);
     // t(99999) = 1.95998; hw = 1.95998 * 0.141422 / sqrt(100000) = 0.000876527.
     EXPECT_NE(Report(doc).find(
                   "big.dat                   1e+07      0.141     0.000877      1e+07      1e+07  100000\n"),
@@ -232,18 +236,24 @@ TEST_F(IntrvlDocTest, InfiniteDataGiveAnInfiniteAverage) {
     CIntrvlDlg dlg = MakeDialog({{inf, "", ""}}, "0.95");
     CIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(doc.m_items[0].m_dAverage, HUGE_VAL);
-    EXPECT_TRUE(std::isnan(doc.m_items[0].m_dStdDev));
-    EXPECT_TRUE(std::isnan(doc.m_items[0].m_dHalfWidth));
-    EXPECT_EQ(doc.m_items[0].m_dMax, HUGE_VAL);
+    EXPECT_EQ(doc.Results().rows[0].average, HUGE_VAL);
+    EXPECT_TRUE(std::isnan(doc.Results().rows[0].stdDev));
+    EXPECT_TRUE(std::isnan(doc.Results().rows[0].halfWidth));
+    EXPECT_EQ(doc.Results().rows[0].max, HUGE_VAL);
 }
 
 TEST_F(IntrvlDocTest, TooManyRowsForTheGraphBuffer) {
-    std::vector<std::vector<double>> reps(1001, std::vector<double>{1.0});
+    // The chart's table holds 5000 doubles: 1000 records of five, or, at the
+    // standard deviation's stride of three, 1665.
+    std::vector<std::vector<double>> reps(1001, std::vector<double>{1.0, 2.0});
     const std::string many = dir.WriteReps("many.dat", KIND_TALLY, reps);
     CIntrvlDlg dlg = MakeDialog({{many, "All", ""}}, "0.95");
     CIntrvlDoc doc;
     EXPECT_EQ(doc.InitFromDialog(dlg), 15934);
+    EXPECT_EQ(doc.Results().rows.size(), 1001u);
+    CSdIntDoc sd;
+    EXPECT_EQ(sd.InitFromDialog(dlg), 0);
+    EXPECT_EQ(sd.GraphRecordOffset(1664), 4994);
 }
 
 }  // namespace

@@ -38,15 +38,22 @@ struct Case {
     std::vector<File> files;
     int id;
     int index;  // failing pair, -1 when not examined
-    const char* focus;
+    DlgControl focus;
 };
+
+// Files two by two as pairs (A, B).
+template <typename Dlg>
+void AddPairs(Dlg& dlg, const PairDialogs& t, const std::vector<File>& files) {
+    for (std::size_t i = 0; i + 1 < files.size(); i += 2)
+        dlg.AddPair({t.P(files[i].name), files[i].reps}, {t.P(files[i + 1].name), files[i + 1].reps});
+}
 
 template <typename Dlg>
 void RunCases(const PairDialogs& t, const std::vector<Case>& cases, const char* level) {
     for (std::size_t c = 0; c < cases.size(); ++c) {
         Dlg dlg;
         dlg.m_strLevel = level;
-        for (const File& f : cases[c].files) dlg.AddFile(t.P(f.name), f.reps);
+        AddPairs(dlg, t, cases[c].files);
         int index = -1;
         EXPECT_EQ(dlg.Validate(&index), cases[c].id) << "case " << c;
         if (cases[c].index >= 0) {
@@ -59,39 +66,32 @@ void RunCases(const PairDialogs& t, const std::vector<Case>& cases, const char* 
 // The file checks of both dialogs: pair by pair, A before B, each file in the
 // order exists, treatment, header, kind; then the "All" pairing rule.
 const std::vector<Case>& FileCases() {
+    using enum DlgControl;
     static const std::vector<Case> cases = {
-        {{}, 15814, -1, ""},
-        {{{"tally.dat", ""}, {"tally.dat", "2"}}, 0, -1, ""},
-        {{{"tally.dat", ""}, {"none.dat", ""}}, 15811, 0, IDC_PAIRLIST},
-        {{{"tally.dat", ""}, {"tally.dat", ""}, {"none.dat", ""}, {"tally.dat", ""}}, 15811, 1, IDC_PAIRLIST},
-        {{{"none.dat", ""}, {"bad.dat", ""}}, 15811, 0, IDC_PAIRLIST},
-        {{{"tally.dat", "x"}, {"none.dat", ""}}, 15804, 0, IDC_PAIRLIST},
-        {{{"tally.dat", "0"}, {"tally.dat", ""}}, 15804, 0, IDC_PAIRLIST},
-        {{{"tally.dat", ""}, {"tally.dat", "1234567890"}}, 15804, 0, IDC_PAIRLIST},
-        {{{"bad.dat", ""}, {"tally.dat", ""}}, 15821, 0, ""},
-        {{{"bad.dat", "x"}, {"tally.dat", ""}}, 15804, 0, IDC_PAIRLIST},
-        {{{"dstat.dat", "Lumped"}, {"tally.dat", ""}}, 15810, 0, IDC_PAIRLIST},
-        {{{"tally.dat", ""}, {"output.dat", "1"}}, 15810, 0, IDC_PAIRLIST},
-        {{{"tally.dat", ""}, {"output.dat", "All"}}, 15810, 0, IDC_PAIRLIST},
-        {{{"output.dat", "Lumped"}, {"tally.dat", "Lumped"}}, 0, -1, ""},
+        {{}, 15814, -1, None},
+        {{{"tally.dat", ""}, {"tally.dat", "2"}}, 0, -1, None},
+        {{{"tally.dat", ""}, {"tally.dat", ""}, {"none.dat", ""}, {"tally.dat", ""}}, 15811, 1, FileList},
+        {{{"none.dat", ""}, {"bad.dat", ""}}, 15811, 0, FileList},
+        {{{"bad.dat", ""}, {"tally.dat", ""}}, 15821, 0, None},
+        {{{"bad.dat", "x"}, {"tally.dat", ""}}, 15804, 0, FileList},
+        {{{"tally.dat", ""}, {"output.dat", "All"}}, 15810, 0, FileList},
+        {{{"output.dat", "Lumped"}, {"tally.dat", "Lumped"}}, 0, -1, None},
         // "All" pairs only with "All"; the files themselves are checked first.
-        {{{"tally.dat", "All"}, {"tally.dat", "All"}}, 0, -1, ""},
-        {{{"tally.dat", "All"}, {"tally.dat", "1"}}, 15804, 0, IDC_PAIRLIST},
-        {{{"tally.dat", "Lumped"}, {"tally.dat", "All"}}, 15804, 0, IDC_PAIRLIST},
-        {{{"tally.dat", "All"}, {"dstat.dat", ""}}, 15810, 0, IDC_PAIRLIST},
+        {{{"tally.dat", "All"}, {"tally.dat", "All"}}, 0, -1, None},
+        {{{"tally.dat", "All"}, {"tally.dat", "1"}}, 15804, 0, FileList},
+        {{{"tally.dat", "Lumped"}, {"tally.dat", "All"}}, 15804, 0, FileList},
+        {{{"tally.dat", "All"}, {"dstat.dat", ""}}, 15810, 0, FileList},
         // A replication beyond the file's is found only when the file is read.
-        {{{"tally.dat", "7"}, {"tally.dat", ""}}, 0, -1, ""},
+        {{{"tally.dat", "7"}, {"tally.dat", ""}}, 0, -1, None},
     };
     return cases;
 }
 
-TEST_F(PairDialogs, CompareChecksFilesInOrder) { RunCases<CComprDlg>(*this, FileCases(), "0.95"); }
-
-TEST_F(PairDialogs, VartestChecksFilesInOrder) { RunCases<CVarDlg>(*this, FileCases(), "0.95"); }
-
-TEST_F(PairDialogs, FilesAreCheckedBeforeTheLevel) {
-    RunCases<CComprDlg>(*this, {{{{"none.dat", ""}, {"tally.dat", ""}}, 15811, 0, IDC_PAIRLIST}}, "95");
-    RunCases<CVarDlg>(*this, {{{{"none.dat", ""}, {"tally.dat", ""}}, 15811, 0, IDC_PAIRLIST}}, "95");
+TEST_F(PairDialogs, BothDialogsCheckFilesInOrderAndBeforeTheLevel) {
+    for (const char* level : {"0.95", "95"}) {
+        RunCases<CComprDlg>(*this, level[0] == '0' ? FileCases() : std::vector<Case>{FileCases()[3]}, level);
+        RunCases<CVarDlg>(*this, level[0] == '0' ? FileCases() : std::vector<Case>{FileCases()[3]}, level);
+    }
 }
 
 struct LevelCase {
@@ -113,30 +113,27 @@ TEST_F(PairDialogs, LevelRules) {
     for (const LevelCase& c : cases) {
         CComprDlg compare;
         compare.m_strLevel = c.text;
-        compare.AddFile(P("tally.dat"), "");
-        compare.AddFile(P("tally.dat"), "");
+        compare.AddPair({P("tally.dat"), ""}, {P("tally.dat"), ""});
         int index = -1;
         EXPECT_EQ(compare.Validate(&index), c.compare ? 0 : 15813) << '"' << c.text << '"';
-        EXPECT_EQ(compare.FocusControl(), c.compare ? "" : IDC_LEVEL) << '"' << c.text << '"';
+        EXPECT_EQ(compare.FocusControl(), c.compare ? DlgControl::None : DlgControl::Level) << '"' << c.text << '"';
 
         CVarDlg vartest;
         vartest.m_strLevel = c.text;
-        vartest.AddFile(P("tally.dat"), "");
-        vartest.AddFile(P("tally.dat"), "");
+        vartest.AddPair({P("tally.dat"), ""}, {P("tally.dat"), ""});
         EXPECT_EQ(vartest.Validate(&index), c.vartest ? 0 : 15813) << '"' << c.text << '"';
-        EXPECT_EQ(vartest.FocusControl(), c.vartest ? "" : IDC_LEVEL) << '"' << c.text << '"';
+        EXPECT_EQ(vartest.FocusControl(), c.vartest ? DlgControl::None : DlgControl::Level) << '"' << c.text << '"';
     }
 }
 
 TEST_F(PairDialogs, ValidateRefreshesTreatmentsFromTheirTexts) {
     CComprDlg dlg;
-    dlg.AddFile(P("tally.dat"), "");
-    dlg.AddFile(P("tally.dat"), "");
-    dlg.m_items[0].m_strReps = "Lumped";
-    dlg.m_items[1].m_strReps = "2";
+    dlg.AddPair({P("tally.dat"), ""}, {P("tally.dat"), ""});
+    dlg.m_pairs[0].a.m_strReps = "Lumped";
+    dlg.m_pairs[0].b.m_strReps = "2";
     EXPECT_EQ(dlg.Validate(nullptr), 0);
-    EXPECT_EQ(dlg.m_items[0].m_nTreatment, -4);
-    EXPECT_EQ(dlg.m_items[1].m_nTreatment, 2);
+    EXPECT_EQ(dlg.m_pairs[0].a.m_nTreatment, -4);
+    EXPECT_EQ(dlg.m_pairs[0].b.m_nTreatment, 2);
 }
 
 }  // namespace

@@ -87,34 +87,35 @@ TEST_F(SdIntDocTest, NoTitleLineWithoutATitle) {
                            "a.dat                  1.58         0.947          4.54          4         5\n");
 }
 
-TEST_F(SdIntDocTest, OverlappingGraphRecordsAndRange) {
+TEST_F(SdIntDocTest, LimitsAndGraphRange) {
     CSdIntDlg dlg = MakeDialog({{a, "", ""}, {b, "1", ""}, {b, "2", ""}}, "0.95");
     CSdIntDoc doc;
-    for (double& d : g_WorkTable) d = -99.0;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    // Records of five doubles at 2, 5 and 8: each overwrites the minimum and
-    // maximum of the one before, and only the third keeps its own.
-    const double expected[13] = {-99,    -99,    std::sqrt(2.5), 0.94731, 4.5435, std::sqrt(2.0), 0.63095,
-                                 45.128, 2.0,    1.04132,        12.5695, 20.0,   24.0};
-    const double tolerance[13] = {0, 0, 1e-12, 2e-4, 2e-3, 1e-12, 2e-4, 0.05, 1e-12, 2e-4, 2e-3, 0, 0};
-    for (int i = 0; i < 13; ++i) EXPECT_NEAR(g_WorkTable[i], expected[i], tolerance[i]) << i;
-    EXPECT_EQ(g_WorkTable[13], -99.0);
+    // s with its chi-square limits for each row.
+    const double expected[3][3] = {{std::sqrt(2.5), 0.94731, 4.5435}, {std::sqrt(2.0), 0.63095, 45.128},
+                                   {2.0, 1.04132, 12.5695}};
+    const double tolerance[3] = {1e-12, 2e-4, 0.05};
+    for (int i = 0; i < 3; ++i) {
+        const IntervalRow& r = doc.Results().rows[static_cast<std::size_t>(i)];
+        const double got[3] = {r.stdDev, r.lower, r.upper};
+        for (int j = 0; j < 3; ++j) EXPECT_NEAR(got[j], expected[i][j], tolerance[j]) << i << " " << j;
+    }
     EXPECT_EQ(doc.GraphRecordOffset(2), 8);
     // Range over the limits only: lowest lower limit (b rep 1), highest upper (b rep 1).
-    EXPECT_NEAR(doc.m_dGraphLow, 0.63095, 2e-4);
-    EXPECT_NEAR(doc.m_dGraphHigh, 45.128, 0.05);
+    EXPECT_NEAR(doc.Results().graphLow, 0.63095, 2e-4);
+    EXPECT_NEAR(doc.Results().graphHigh, 45.128, 0.05);
     EXPECT_EQ(doc.GraphTitleId(), 15951);
-    EXPECT_EQ(doc.m_items[1].m_dRange, 2.0);
+    EXPECT_EQ(doc.Results().rows[1].range, 2.0);
 }
 
 TEST_F(SdIntDocTest, LumpedReadsOnAcrossReplications) {
     CSdIntDlg dlg = MakeDialog({{b, "Lumped", ""}, {b, "", ""}}, "0.95");
     CSdIntDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(doc.m_items[0].m_lNumObs, 5);
-    EXPECT_DOUBLE_EQ(doc.m_items[0].m_dStdDev, std::sqrt(38.8));
-    EXPECT_EQ(doc.m_items[0].m_dRange, 14.0);
-    EXPECT_EQ(doc.m_items[1].m_lNumObs, 2);
+    EXPECT_EQ(doc.Results().rows[0].numObs, 5);
+    EXPECT_DOUBLE_EQ(doc.Results().rows[0].stdDev, std::sqrt(38.8));
+    EXPECT_EQ(doc.Results().rows[0].range, 14.0);
+    EXPECT_EQ(doc.Results().rows[1].numObs, 2);
 }
 
 TEST_F(SdIntDocTest, NoObservationsStopsTheComputation) {
@@ -122,11 +123,11 @@ TEST_F(SdIntDocTest, NoObservationsStopsTheComputation) {
     CSdIntDlg dlg = MakeDialog({{a, "", ""}, {empty, "1", ""}, {c, "", ""}}, "0.95");
     CSdIntDoc doc;
     EXPECT_EQ(doc.InitFromDialog(dlg), 15901);
-    ASSERT_GE(doc.m_items.size(), 2u);
-    EXPECT_TRUE(doc.m_items[0].m_bComputed);
-    EXPECT_EQ(doc.m_items[0].m_dStdDev, std::sqrt(2.5));
-    EXPECT_FALSE(doc.m_items[1].m_bComputed);
-    for (std::size_t i = 2; i < doc.m_items.size(); ++i) EXPECT_FALSE(doc.m_items[i].m_bComputed);
+    ASSERT_GE(doc.Results().rows.size(), 2u);
+    EXPECT_TRUE(doc.Results().rows[0].computed);
+    EXPECT_EQ(doc.Results().rows[0].stdDev, std::sqrt(2.5));
+    EXPECT_FALSE(doc.Results().rows[1].computed);
+    for (std::size_t i = 2; i < doc.Results().rows.size(); ++i) EXPECT_FALSE(doc.Results().rows[i].computed);
 }
 
 TEST_F(SdIntDocTest, InfiniteDataHaveNoSpread) {
@@ -135,10 +136,10 @@ TEST_F(SdIntDocTest, InfiniteDataHaveNoSpread) {
     CSdIntDlg dlg = MakeDialog({{inf, "", ""}}, "0.95");
     CSdIntDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(doc.m_items[0].m_dStdDev, 0.0);
-    EXPECT_EQ(doc.m_items[0].m_dLower, 0.0);
-    EXPECT_EQ(doc.m_items[0].m_dUpper, 0.0);
-    EXPECT_EQ(doc.m_items[0].m_dRange, HUGE_VAL);
+    EXPECT_EQ(doc.Results().rows[0].stdDev, 0.0);
+    EXPECT_EQ(doc.Results().rows[0].lower, 0.0);
+    EXPECT_EQ(doc.Results().rows[0].upper, 0.0);
+    EXPECT_EQ(doc.Results().rows[0].range, HUGE_VAL);
 }
 
 TEST_F(SdIntDocTest, LargeOffsetKeepsItsDigits) {
@@ -149,14 +150,14 @@ TEST_F(SdIntDocTest, LargeOffsetKeepsItsDigits) {
     CSdIntDlg dlg = MakeDialog({{big, "", ""}}, "0.95");
     CSdIntDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    const CMultiFileItem& r = doc.m_items[0];
-    EXPECT_NEAR(r.m_dStdDev, std::sqrt(0.02 * 100000 / 99999), 1e-9);
+    const IntervalRow& r = doc.Results().rows[0];
+    EXPECT_NEAR(r.stdDev, std::sqrt(0.02 * 100000 / 99999), 1e-9);
     // With 99999 degrees of freedom the limits lie within about 0.5% of s.
-    EXPECT_LT(r.m_dLower, r.m_dStdDev);
-    EXPECT_GT(r.m_dLower, r.m_dStdDev * 0.99);
-    EXPECT_GT(r.m_dUpper, r.m_dStdDev);
-    EXPECT_LT(r.m_dUpper, r.m_dStdDev * 1.01);
-    EXPECT_NEAR(r.m_dRange, 0.4, 1e-8);
+    EXPECT_LT(r.lower, r.stdDev);
+    EXPECT_GT(r.lower, r.stdDev * 0.99);
+    EXPECT_GT(r.upper, r.stdDev);
+    EXPECT_LT(r.upper, r.stdDev * 1.01);
+    EXPECT_NEAR(r.range, 0.4, 1e-8);
 }
 
 }  // namespace

@@ -37,8 +37,8 @@ protected:
                 const std::vector<std::string>& idents = {}) {
         CVarDlg dlg;
         dlg.m_strTitle = title;
-        for (const std::string& f : files) dlg.AddFile(f, "");
-        for (std::size_t i = 0; i < idents.size(); ++i) dlg.m_items[2 * i].m_strIdent = idents[i];
+        for (std::size_t i = 0; i + 1 < files.size(); i += 2) dlg.AddPair({files[i], ""}, {files[i + 1], ""});
+        for (std::size_t i = 0; i < idents.size(); ++i) dlg.m_pairs[i].a.m_strIdent = idents[i];
         if (int rc = dlg.Validate(nullptr)) return rc;
         return doc.InitFromDialog(dlg);
     }
@@ -58,17 +58,17 @@ TEST_F(VarDocTest, RatioIntervalFromTheFTable) {
     std::string b = File("b.dat", {9, 10, 11});
     CVarDoc doc;
     ASSERT_EQ(Compute(doc, {a, b}), 0);
-    const CMultiFileItem& ra = doc.PairA(0);
-    EXPECT_DOUBLE_EQ(ra.m_dAverage, 10.0);
-    EXPECT_NEAR(ra.m_dLower, 10.0 / kF_4_2, 10.0 / kF_4_2 * kTableTolerance / kF_4_2);
-    EXPECT_NEAR(ra.m_dUpper, 10.0 * kF_2_4, 10.0 * kTableTolerance);
-    EXPECT_EQ(doc.PairB(0).m_dAverage, ra.m_dAverage);
-    EXPECT_EQ(doc.PairB(0).m_dLower, ra.m_dLower);
-    EXPECT_EQ(ra.m_lNumObs, 5);
-    EXPECT_EQ(doc.PairB(0).m_lNumObs, 3);
+    const PairRow& ra = doc.Results().rows[0];
+    EXPECT_DOUBLE_EQ(ra.estimate, 10.0);
+    EXPECT_NEAR(ra.lower, 10.0 / kF_4_2, 10.0 / kF_4_2 * kTableTolerance / kF_4_2);
+    EXPECT_NEAR(ra.upper, 10.0 * kF_2_4, 10.0 * kTableTolerance);
+    EXPECT_EQ(doc.Results().rows[0].estimate, ra.estimate);
+    EXPECT_EQ(doc.Results().rows[0].lower, ra.lower);
+    EXPECT_EQ(ra.a.numObs, 5);
+    EXPECT_EQ(doc.Results().rows[0].b.numObs, 3);
     // The chart range holds the interval and 1.
-    EXPECT_EQ(doc.m_dLow, ra.m_dLower);
-    EXPECT_EQ(doc.m_dHigh, ra.m_dUpper);
+    EXPECT_EQ(doc.Results().low, ra.lower);
+    EXPECT_EQ(doc.Results().high, ra.upper);
 }
 
 // The required layout: under UPPER the lower limit with a percent sign, under
@@ -81,7 +81,7 @@ TEST_F(VarDocTest, Report) {
     std::string d = File("d.dat", {1, 2, 3, 4, 5, 6});
     CVarDoc doc;
     ASSERT_EQ(Compute(doc, {a, b, c, d}, "Spread", {"A.dat", "Spread.dat"}), 0);
-    EXPECT_NEAR(doc.PairA(1).m_dLower, 100.0 / kF_5_5, 0.02);
+    EXPECT_NEAR(doc.Results().rows[1].lower, 100.0 / kF_5_5, 0.02);
     EXPECT_EQ(Report(doc),
               "                       Compare Variances : Spread\n"
               "\n"
@@ -109,8 +109,8 @@ TEST_F(VarDocTest, FileAgainstItselfAtLargeSample) {
     std::string a = File("a.dat", values);
     CVarDoc doc;
     ASSERT_EQ(Compute(doc, {a, a}), 0);
-    EXPECT_NEAR(doc.PairA(0).m_dLower, 1.0 / 1.02810661, 1e-6);
-    EXPECT_NEAR(doc.PairA(0).m_dUpper, 1.02810661, 1e-6);
+    EXPECT_NEAR(doc.Results().rows[0].lower, 1.0 / 1.02810661, 1e-6);
+    EXPECT_NEAR(doc.Results().rows[0].upper, 1.02810661, 1e-6);
     EXPECT_NE(Report(doc).find("          1      0.973%        1.03"), std::string::npos);
     EXPECT_NE(Report(doc).find("FAIL TO REJECT"), std::string::npos);
 }
@@ -121,9 +121,9 @@ TEST_F(VarDocTest, ConstantAndSingleObservationFiles) {
     std::string one = File("one.dat", {4});
     CVarDoc doc;
     ASSERT_EQ(Compute(doc, {a, k, one, one}), 0);
-    EXPECT_TRUE(std::isinf(doc.PairA(0).m_dAverage));
-    EXPECT_TRUE(std::isinf(doc.PairA(0).m_dLower));
-    EXPECT_TRUE(std::isnan(doc.PairA(1).m_dAverage));
+    EXPECT_TRUE(std::isinf(doc.Results().rows[0].estimate));
+    EXPECT_TRUE(std::isinf(doc.Results().rows[0].lower));
+    EXPECT_TRUE(std::isnan(doc.Results().rows[1].estimate));
     std::string report = Report(doc);
     EXPECT_NE(report.find("       inf        inf%         inf         10         18      5\n"), std::string::npos);
     EXPECT_NE(report.find("nan"), std::string::npos);
@@ -155,25 +155,25 @@ TEST_F(VarDocTest, LargeOffsetKeepsItsDigits) {
     }
     CVarDoc doc;
     ASSERT_EQ(Compute(doc, {File("a.dat", big), File("b.dat", small)}), 0);
-    EXPECT_NEAR(doc.PairA(0).m_dAverage, 1.0, 1e-7);
+    EXPECT_NEAR(doc.Results().rows[0].estimate, 1.0, 1e-7);
 }
 
 // The view on results set by hand: the closed interval and the long lines.
+struct ResultsDoc : CVarDoc {
+    using CVarDoc::m_results;
+};
+
 TEST(VarView, VerdictsAndLongIdentifiers) {
-    CVarDoc doc;
+    ResultsDoc doc;
     auto add = [&doc](const std::string& ident, double lower, double upper) {
-        CMultiFileItem a("a.dat", ""), b("b.dat", "");
-        a.m_strIdent = ident;
-        for (CMultiFileItem* item : {&a, &b}) {
-            item->m_dAverage = 2.0;
-            item->m_dLower = lower;
-            item->m_dUpper = upper;
-            item->m_dMin = 1.0;
-            item->m_dMax = 2.0;
-            item->m_lNumObs = 3;
-        }
-        doc.m_items.push_back(a);
-        doc.m_items.push_back(b);
+        PairRow row;
+        row.ident = ident;
+        row.estimate = 2.0;
+        row.lower = lower;
+        row.upper = upper;
+        row.a = row.b = {1.0, 2.0, 3};
+        row.computed = true;
+        doc.m_results.rows.push_back(row);
     };
     add("lower-is-one", 1.0, 3.0);
     add("upper-is-one", 0.5, 1.0);

@@ -1,4 +1,4 @@
-#include "graph/FileDialogs.h"
+#include "dialog/FileDialogs.h"
 
 #include "datafile/DataFile.h"
 

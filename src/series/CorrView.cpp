@@ -1,4 +1,4 @@
-#include "graph/CorrView.h"
+#include "series/CorrView.h"
 
 #include <algorithm>
 
@@ -17,7 +17,9 @@ void CCorrView::OnInitialUpdate() {
     if (!doc) return;
     // Under "all" the list holds every replication's lags; the chart shows the first.
     std::vector<double> r;
-    for (int i = 0; i < doc->CovarCount() && i < doc->m_nMaxLags; ++i) r.push_back(doc->Covar(i).m_dCorrelation);
+    const std::vector<CCovarData>& lags = doc->Results().lags;
+    for (std::size_t i = 0; i < lags.size() && static_cast<int>(i) < doc->m_nMaxLags; ++i)
+        r.push_back(lags[i].correlation);
     SetLags(r, doc->m_nMaxLags, doc->m_strCorrTitle.empty() ? std::string("Correlogram") : doc->m_strCorrTitle);
 }
 

@@ -1,0 +1,75 @@
+#include "group/CommandTable.h"
+
+#include "graph/PlotDlg.h"
+#include "graph/PlotDoc.h"
+#include "graph/PlotView.h"
+#include "series/CorrDlg.h"
+#include "series/CorrDoc.h"
+#include "series/CorrTextView.h"
+#include "series/CorrView.h"
+#include "series/FiltrDlg.h"
+#include "series/FiltrDoc.h"
+#include "series/FiltrView.h"
+#include "series/StdInDlg.h"
+#include "series/StdIntTextView.h"
+#include "series/StdIntView.h"
+#include "series/StdIntrvlDoc.h"
+#include "stats/ComprDoc.h"
+#include "stats/ComprTextView.h"
+#include "stats/IntrvlDlg.h"
+#include "stats/IntrvlDoc.h"
+#include "stats/IntrvlTextView.h"
+#include "stats/IntrvlView.h"
+#include "stats/PairDialogs.h"
+#include "stats/PairViews.h"
+#include "stats/SdIntDoc.h"
+#include "stats/SdIntTextView.h"
+#include "stats/VarDoc.h"
+#include "stats/VarTextView.h"
+
+namespace {
+
+constexpr FrameKind kSingle = FrameKind::Single;
+constexpr FrameKind kSplit = FrameKind::Split;
+
+// export, template, template string, title prefix, extension, document, view, frame, factory
+const GroupCommand kCommands[] = {
+    {"g_OnAppend", "Append", 16393, 16027, "dat", "CAppendDoc", "CAppendView", kSingle, {}},
+    {"g_OnBarchart", "Barchart", 16381, 16031, nullptr, "CBarchDoc", "CBarchartView", kSingle, {}},
+    {"g_OnComparison", "Comparison", 16382, 16020, nullptr, "CComprDoc", "CComprView", kSplit,
+     grp_Analysis<CComprDlg, CComprDoc, CComprView, CComprTextView>()},
+    {"g_OnCorrelogram", "Correlogram", 16383, 16032, "cor", "CCorrDoc", "CCorrView", kSplit,
+     grp_Analysis<CCorrDlg, CCorrDoc, CCorrView, CCorrTextView>(grp_OutputField<CCorrDlg, &CCorrDlg::m_strOutFile>)},
+    {"g_OnDiffile", "Diffile", 16394, 16028, "dif", "CDiffDoc", "CDiffView", kSingle, {}},
+    {"g_OnExport", "Export", 16392, 16029, "dax", "CExprtDoc", "CExprtView", kSingle, {}},
+    {"g_OnFilter", "BatchTruncate", 16395, 16030, "flt", "CFiltrDoc", "CFiltrView", kSingle,
+     grp_Analysis<CFiltrDlg, CFiltrDoc, CFiltrView>(grp_OutputField<CFiltrDlg, &CFiltrDlg::m_strOutFile>)},
+    {"g_OnHistogram", "Histogram", 16384, 16033, nullptr, "CHistDoc", "CHistView", kSplit, {}},
+    {"g_OnImport", "Import", 16396, 16034, "dat", "CImprtDoc", "CImprtView", kSingle, {}},
+    {"g_OnInterval", "Intervals", 16385, 16021, nullptr, "CIntrvlDoc", "CIntrvlView", kSplit,
+     grp_Analysis<CIntrvlDlg, CIntrvlDoc, CIntrvlView, CIntrvlTextView>()},
+    {"g_OnLoad", "Load", 16397, 16035, "dat", "CLoadDoc", "CLoadView", kSingle, {}},
+    {"g_OnMovingAverage", "MovingAverage", 16386, 16036, nullptr, "CMoveDoc", "CMovView", kSplit, {}},
+    {"g_OnOneway", "OnewayVariance", 16387, 16022, nullptr, "COnewyDoc", "COnewyView", kSplit, {}},
+    {"g_OnPlot", "Plot", 16388, 16019, nullptr, "CPlotDoc", "CPlotView", kSplit,
+     grp_Analysis<CPlotDlg, CPlotDoc, CPlotView, CPlotLegendView>()},
+    {"g_OnSdinterval", "SdIntervals", 16389, 16023, nullptr, "CSdIntDoc", "CSdIntView", kSplit,
+     grp_Analysis<CSdIntDlg, CSdIntDoc, CSdIntView, CSdIntTextView>()},
+    {"g_OnStdinterval", "StdInterval", 16399, 16024, nullptr, "CStdIntrvlDoc", "CStdIntView", kSplit,
+     grp_Analysis<CStdInDlg, CStdIntrvlDoc, CStdIntView, CStdIntTextView>()},
+    {"g_OnTable", "Table", 16398, 16025, nullptr, "CTableDoc", "CTableView", kSingle, {}},
+    {"g_OnVartest", "Vartest", 16390, 16026, nullptr, "CVarDoc", "CVarView", kSplit,
+     grp_Analysis<CVarDlg, CVarDoc, CVarView, CVarTextView>()},
+};
+
+}  // namespace
+
+const char* grp_FrameClass(FrameKind kind) { return kind == FrameKind::Split ? "CBaseWndSplit" : "CBaseWnd"; }
+
+std::span<const GroupCommand> grp_Commands() { return kCommands; }
+
+const GroupCommand* grp_FindCommand(const std::string& name) {
+    for (const GroupCommand& c : kCommands)
+        if (name == c.exportName || name == c.templateName) return &c;
+    return nullptr;
+}
