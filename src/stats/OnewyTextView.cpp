@@ -5,6 +5,7 @@
 
 #include "framework/Messages.h"
 #include "stats/OnewayResult.h"
+#include "stats/OnewyDoc.h"
 
 namespace {
 
@@ -81,6 +82,10 @@ void COnewyTextView::WriteComparisons(FILE* out, const OnewayResult& r, int meth
     }
     std::fprintf(out, "   * INTERVAL EXCLUDES 0: THE MEANS DIFFER AT %5.3g LEVEL\n", r.alpha);
     if (computed) std::fputs("   + Q COMPUTED FROM THE STUDENTIZED RANGE DISTRIBUTION\n", out);
+}
+
+void COnewyTextView::WriteReport(FILE* out) {
+    if (const auto* doc = dynamic_cast<const COnewyDoc*>(GetDocument())) WriteResult(out, doc->Result());
 }
 
 void COnewyTextView::WriteResult(FILE* out, const OnewayResult& r) {
