@@ -1,6 +1,6 @@
 #include "stats/OnewyTextView.h"
 
-#include <cmath>
+#include <cstdio>
 #include <string>
 
 #include "framework/Messages.h"
