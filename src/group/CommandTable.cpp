@@ -20,6 +20,10 @@
 #include "stats/IntrvlDoc.h"
 #include "stats/IntrvlTextView.h"
 #include "stats/IntrvlView.h"
+#include "stats/OnewyDlg.h"
+#include "stats/OnewyDoc.h"
+#include "stats/OnewyTextView.h"
+#include "stats/OnewyView.h"
 #include "stats/PairDialogs.h"
 #include "stats/PairViews.h"
 #include "stats/SdIntDoc.h"
@@ -50,7 +54,8 @@ const GroupCommand kCommands[] = {
      grp_Analysis<CIntrvlDlg, CIntrvlDoc, CIntrvlView, CIntrvlTextView>()},
     {"g_OnLoad", "Load", 16397, 16035, "dat", "CLoadDoc", "CLoadView", kSingle, {}},
     {"g_OnMovingAverage", "MovingAverage", 16386, 16036, nullptr, "CMoveDoc", "CMovView", kSplit, {}},
-    {"g_OnOneway", "OnewayVariance", 16387, 16022, nullptr, "COnewyDoc", "COnewyView", kSplit, {}},
+    {"g_OnOneway", "OnewayVariance", 16387, 16022, nullptr, "COnewyDoc", "COnewyView", kSplit,
+     grp_Analysis<COnewyDlg, COnewyDoc, COnewyView, COnewyTextView>()},
     {"g_OnPlot", "Plot", 16388, 16019, nullptr, "CPlotDoc", "CPlotView", kSplit,
      grp_Analysis<CPlotDlg, CPlotDoc, CPlotView, CPlotLegendView>()},
     {"g_OnSdinterval", "SdIntervals", 16389, 16023, nullptr, "CSdIntDoc", "CSdIntView", kSplit,

@@ -18,6 +18,13 @@ double st_TQuantile(int df, double p);
 double st_FQuantile(int m, int n, double p);
 // q(alpha; k1 + 1, df) from the studentized range table, or 0.0.
 double LookupStudentizedRange(int k1, int df, double alpha);
+// The studentized range of k means on df error degrees of freedom (df may be
+// fractional or infinite): P(Q > q), and q with P(Q > q) = p.
+double st_StudentizedRangeUpperTail(double q, int k, double df);
+double st_StudentizedRangeQuantile(int k, double df, double p);
+// P(F(m, n) > f), accurate to the last digits in the far tail; m and n may be
+// fractional.
+double st_FUpperProbability(double m, double n, double f);
 
 // Chi-square: upper tail into *tail, density as the result; and the quantile.
 double st_ChiSquareUpperTail(int df, double x, double* tail);

@@ -26,30 +26,37 @@ namespace {
 constexpr double kEpsilon = 1e-16;
 constexpr double kTiny = 1e-300;  // keeps Lentz's divisions away from zero
 
-double Guard(double v) { return std::fabs(v) < kTiny ? kTiny : v; }
-
-// I_x(a, b) for x below the mean, by the continued fraction.
+// I_x(a, b) for x below the mean, by the continued fraction. Near the mean
+// with a large (x close to 1 and b small, the F tail of a large sample) each
+// 1 + d_m D nearly cancels, by about a factor a y; the recurrence runs in
+// extended precision where the platform has it, and its first denominator is
+// formed from y, so that ten million degrees of freedom cost no more than a
+// digit or two of a double.
 double SmallerTail(double a, double b, double x, double y) {
     const double kernel = st_BetaLogKernel(a, b, x, y);
     if (kernel == -INFINITY) return 0.0;
     const int limit = 1000 + static_cast<int>(20.0 * std::sqrt(std::max(a, b)));
-    double c = 1.0;
-    double d = 1.0 / Guard(1.0 - (a + b) * x / (a + 1.0));
-    double h = d;
+    using Real = long double;
+    const Real A = a, B = b, X = x;
+    auto guard = [](Real v) { return std::fabs(v) < kTiny ? Real(kTiny) : v; };
+    Real c = 1.0L;
+    // 1 - (a + b) x / (a + 1), as y + (1 - b) x / (a + 1).
+    Real d = 1.0L / guard(y + (1.0L - B) * X / (A + 1.0L));
+    Real h = d;
     for (int m = 1; m <= limit; ++m) {
-        const double m2 = 2.0 * m;
-        double aa = m * (b - m) * x / ((a - 1.0 + m2) * (a + m2));
-        d = 1.0 / Guard(1.0 + aa * d);
-        c = Guard(1.0 + aa / c);
+        const Real m2 = 2.0L * m;
+        Real aa = m * (B - m) * X / ((A - 1.0L + m2) * (A + m2));
+        d = 1.0L / guard(1.0L + aa * d);
+        c = guard(1.0L + aa / c);
         h *= d * c;
-        aa = -(a + m) * (a + b + m) * x / ((a + m2) * (a + 1.0 + m2));
-        d = 1.0 / Guard(1.0 + aa * d);
-        c = Guard(1.0 + aa / c);
-        const double delta = d * c;
+        aa = -(A + m) * (A + B + m) * X / ((A + m2) * (A + 1.0L + m2));
+        d = 1.0L / guard(1.0L + aa * d);
+        c = guard(1.0L + aa / c);
+        const Real delta = d * c;
         h *= delta;
-        if (std::fabs(delta - 1.0) <= kEpsilon) break;
+        if (std::fabs(delta - 1.0L) <= kEpsilon) break;
     }
-    return std::exp(kernel) * h / a;
+    return static_cast<double>(std::exp(Real(kernel)) * h / A);
 }
 
 }  // namespace

@@ -64,6 +64,11 @@ double CMoments::Mean() const {
     return static_cast<double>(m_ref + Total(m_s1, m_c1) / m_n);
 }
 
+double CMoments::MeanFrom(double origin) const {
+    if (m_n == 0) return 0.0;
+    return static_cast<double>((m_ref - static_cast<long double>(origin)) + Total(m_s1, m_c1) / m_n);
+}
+
 double CMoments::SumSqDev() const {
     return static_cast<double>(SquaredDeviations(m_n, Total(m_s1, m_c1), Total(m_s2, m_c2)));
 }

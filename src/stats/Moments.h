@@ -45,6 +45,9 @@ public:
     double SumOfSquares() const;
     // Sum / n; 0 for an empty sample.
     double Mean() const;
+    // Mean - origin without first rounding the mean: on data with a large
+    // offset the difference of two samples' means keeps its digits.
+    double MeanFrom(double origin) const;
     // Sum of (x - mean)^2; never negative, NaN when the data are not finite.
     double SumSqDev() const;
     // SumSqDev / (n - 1); 0 below two values.

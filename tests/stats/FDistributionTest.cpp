@@ -1,4 +1,4 @@
-// Incomplete beta series, its quantile, and F quantiles.
+// Incomplete beta series, its quantile, F quantiles and F tail probabilities.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -148,6 +148,35 @@ TEST(FBetaQuantile, InvertsTheSeries) {
             }
         }
     }
+}
+
+
+// P(F(m, n) > f) in closed form: for m = 2, (1 + 2f/n)^(-n/2) at any n, far
+// tail and fractional n included; for n = 2, 1 - (m f / (2 + m f))^(m/2); for
+// m = n = 1, 1 - (2/pi) atan(sqrt(f)).
+TEST(FUpperProbability, ClosedForms) {
+    const auto twoNumerator = [](double n, double f) { return std::exp(-0.5 * n * std::log1p(2 * f / n)); };
+    const auto twoDenominator = [](double m, double f) { return 1 - std::pow(m * f / (2 + m * f), m / 2); };
+    struct {
+        double m, n, f, p;
+    } const cases[] = {
+        {2, 6, 203.0 / 27, twoNumerator(6, 203.0 / 27)},  {2, 10, 1e6, twoNumerator(10, 1e6)},
+        {2, 2.5, 3, twoNumerator(2.5, 3)},                {2, 1e7, 5, twoNumerator(1e7, 5)},
+        {2, 1e7, 1e-3, twoNumerator(1e7, 1e-3)},          {2, 40, 0.25, twoNumerator(40, 0.25)},
+        {4, 2, 0.5, twoDenominator(4, 0.5)},              {7, 2, 30, twoDenominator(7, 30)},
+        {1, 1, 3, 1 - 2 / kPi * std::atan(std::sqrt(3.0))},
+    };
+    for (const auto& c : cases)
+        EXPECT_NEAR(st_FUpperProbability(c.m, c.n, c.f), c.p, 1e-12 * c.p) << c.m << " " << c.n << " " << c.f;
+}
+
+TEST(FUpperProbability, EdgesOfTheRange) {
+    EXPECT_EQ(st_FUpperProbability(3, 10, 0.0), 1.0);
+    EXPECT_EQ(st_FUpperProbability(3, 10, -1.0), 1.0);
+    EXPECT_EQ(st_FUpperProbability(3, 10, INFINITY), 0.0);
+    EXPECT_TRUE(std::isnan(st_FUpperProbability(3, 10, NAN)));
+    EXPECT_TRUE(std::isnan(st_FUpperProbability(0, 10, 1.0)));
+    EXPECT_TRUE(std::isnan(st_FUpperProbability(3, -1, 1.0)));
 }
 
 }  // namespace
