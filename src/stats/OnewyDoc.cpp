@@ -4,7 +4,7 @@
 
 #include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
-#include "stats/ObsStream.h"
+#include "datafile/RecordReader.h"
 #include "stats/OnewyDlg.h"
 
 int COnewyDoc::InitFromDialog(CDialog& dlg) {
@@ -46,10 +46,10 @@ int COnewyDoc::Compute(double alpha) {
     return oneway_Analyse(m_sums, &m_result);
 }
 
-int COnewyDoc::ComputeRow(CObsStream& in, IntervalRow& row, double) {
+int COnewyDoc::ComputeRow(CRecordReader& in, IntervalRow& row, double) {
     CMoments sample;
     double time = 0.0, value = 0.0;
-    while (in.Next(&time, &value)) sample.Add(value);
+    while (in.NextObs(&time, &value)) sample.Add(value);
     if (sample.Count() == 0) return IDS_NO_OBSERVATIONS;
     row.average = sample.Mean();
     row.stdDev = std::sqrt(sample.Variance());

@@ -21,7 +21,7 @@ public:
     const OnewayResult& Result() const { return m_result; }
 
 protected:
-    int ComputeRow(CObsStream& in, IntervalRow& row, double alpha) override;
+    int ComputeRow(CRecordReader& in, IntervalRow& row, double alpha) override;
     // A group without observations cannot take part.
     bool StopOnEmptyRow() const override { return true; }
 
