@@ -24,6 +24,10 @@ public:
     // Where the graphs of the windows shown go (--svg, --size); null: nowhere.
     void SetSvgOutput(const SvgOptions* svg) { m_svg = svg; }
 
+    // Where the reports of the windows shown go: standard output unless a
+    // command writes its data there ("-").
+    void SetReportStream(std::ostream* out) { m_out = out; }
+
     bool MessageShown() const { return m_shown; }
     void Reset() { m_shown = false; }
 
