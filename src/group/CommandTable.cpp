@@ -20,6 +20,10 @@
 #include "series/StdIntrvlDoc.h"
 #include "stats/ComprDoc.h"
 #include "stats/ComprTextView.h"
+#include "stats/HistDlg.h"
+#include "stats/HistDoc.h"
+#include "stats/HistTextView.h"
+#include "stats/HistView.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/IntrvlDoc.h"
 #include "stats/IntrvlTextView.h"
@@ -53,7 +57,8 @@ const GroupCommand kCommands[] = {
      grp_Analysis<CExprtDlg, CExprtDoc, CExprtView>(grp_OutputField<CExprtDlg, &CExprtDlg::m_strOutFile>)},
     {"g_OnFilter", "BatchTruncate", 16395, 16030, "flt", "CFiltrDoc", "CFiltrView", kSingle,
      grp_Analysis<CFiltrDlg, CFiltrDoc, CFiltrView>(grp_OutputField<CFiltrDlg, &CFiltrDlg::m_strOutFile>)},
-    {"g_OnHistogram", "Histogram", 16384, 16033, nullptr, "CHistDoc", "CHistView", kSplit, {}},
+    {"g_OnHistogram", "Histogram", 16384, 16033, nullptr, "CHistDoc", "CHistView", kSplit,
+     grp_Analysis<CHistDlg, CHistDoc, CHistView, CHistTextView>()},
     {"g_OnImport", "Import", 16396, 16034, "dat", "CImprtDoc", "CImprtView", kSingle,
      grp_Analysis<CImprtDlg, CImprtDoc, CImprtView>(grp_OutputField<CImprtDlg, &CImprtDlg::m_strOutFile>)},
     {"g_OnInterval", "Intervals", 16385, 16021, nullptr, "CIntrvlDoc", "CIntrvlView", kSplit,
