@@ -87,6 +87,8 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
     double tp = r;
     double area = 0.0;
     CMoments st;
+    double times[kRun], values[kRun];
+    std::size_t got = 0, at = 0;
     for (;;) {
         while (t - b > W) {
             const double end = b + W;
@@ -116,6 +118,18 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
         tp = t;
         vp = v;
 
+        // The next record: from the run taken from the reader's block, a
+        // new run, or through Next.
+        if (at == got) {
+            got = in.NextRun(times, values, kRun);
+            at = 0;
+        }
+        if (at < got) {
+            t = times[at];
+            v = values[at];
+            ++at;
+            continue;
+        }
         rec = in.Next(&t, &v);
         if (rec == RecordKind::Obs) continue;
         if (rec == RecordKind::Boundary && lumped) {
