@@ -86,6 +86,31 @@ int CHistogramBins::Cell(double v) const {
     return std::min(k, n);
 }
 
+void CHistogramBins::AddAll(const double* v, std::size_t n) {
+    if (m_lanes.empty()) m_lanes.assign(4 * m_counts.size(), 0);
+    std::uint64_t* lanes = m_lanes.data();
+    const double start = m_edges.start, scale = m_scale, cells = m_cellCount;
+    for (std::size_t i = 0; i < n; ++i) {
+        const double x = (v[i] - start) * scale;
+        if (x >= 0.0 && x < cells) {
+            const int k = static_cast<int>(x);
+            const double f = x - k;
+            if (f > 1e-9 && f < 1.0 - 1e-9) {
+                ++lanes[4 * static_cast<std::size_t>(k) + (i & 3)];
+                continue;
+            }
+        }
+        AddAt(Cell(v[i]), 1.0);
+    }
+}
+
+std::vector<double> CHistogramBins::Counts() const {
+    std::vector<double> c = m_counts;
+    for (std::size_t k = 0; k < c.size() && !m_lanes.empty(); ++k)
+        c[k] += static_cast<double>(m_lanes[4 * k] + m_lanes[4 * k + 1] + m_lanes[4 * k + 2] + m_lanes[4 * k + 3]);
+    return c;
+}
+
 void CHistogramBins::AddAt(int k, double weight) {
     if (k < 0)
         m_below += weight;
@@ -262,8 +287,7 @@ int hist_Compute(CRecordReader& in, int treatment, const HistogramParams& given,
         [&](const double* v, std::size_t n) {
             moments.AddAll(v, n);
             if (!settled) sample.Add(v, n);
-            if (bins && !timeWeighted)
-                for (std::size_t i = 0; i < n; ++i) bins->Add(v[i]);
+            if (bins && !timeWeighted) bins->AddAll(v, n);
         },
         [&](const Piece& p) {
             if (!sums.hasRef && std::isfinite(p.a)) {
@@ -303,8 +327,7 @@ int hist_Compute(CRecordReader& in, int treatment, const HistogramParams& given,
         rc = ReadPass(
             in, treatment, timeWeighted, linear,
             [&](const double* v, std::size_t n) {
-                if (!timeWeighted)
-                    for (std::size_t i = 0; i < n; ++i) bins->Add(v[i]);
+                if (!timeWeighted) bins->AddAll(v, n);
             },
             [&](const Piece& p) { AddPiece(*bins, p, linear); });
         if (rc) return rc;
@@ -316,11 +339,12 @@ int hist_Compute(CRecordReader& in, int treatment, const HistogramParams& given,
     r->belowRelative = r->below / total;
     r->aboveRelative = r->above / total;
     double cumulative = r->below;
+    const std::vector<double> counts = bins->Counts();
     for (int k = 0; k < r->edges.count; ++k) {
         HistogramCell c;
         c.lower = r->edges.Edge(k);
         c.upper = r->edges.Edge(k + 1);
-        c.count = bins->Counts()[static_cast<std::size_t>(k)];
+        c.count = counts[static_cast<std::size_t>(k)];
         cumulative += c.count;
         c.relative = c.count / total;
         c.cumulative = cumulative / total;
