@@ -49,3 +49,16 @@ int CImprtDlg::Validate(int*) {
     SetFocusControl(focus);
     return rc;
 }
+
+int CLoadDlg::Validate(int*) {
+    DlgControl focus;
+    int rc = CheckTextSource(m_strFile, m_strOutFile, &focus);
+    SetFocusControl(focus);
+    if (rc) return rc;
+    m_nKind = KIND_TALLY;
+    if (!m_strKind.empty()) {
+        if (m_strKind.size() != 1 || m_strKind[0] < '1' || m_strKind[0] > '7') return IDS_BAD_DATA_KIND;
+        m_nKind = m_strKind[0] - '0';
+    }
+    return 0;
+}

@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "datafile/FileGlobals.h"
 #include "dialog/FileDialogs.h"
 
 // Export: a data file to text.
@@ -21,6 +22,19 @@ public:
     std::string m_strFile;     // "-": standard input
     std::string m_strOutFile;
     int m_nPrecision = -1;     // 1 doubles, 0 floats, -1 as the configuration says
+    int Validate(int* failingIndex) override;
+};
+
+// Load ASCII: a text file of time/value pairs to a data file.
+class CLoadDlg : public CDialog {
+public:
+    std::string m_strFile;     // "-": standard input
+    std::string m_strOutFile;
+    std::string m_strKind;     // data kind 1 to 7; empty: 3 (Tally)
+    std::string m_strIdent;    // empty: the text file's name
+    std::string m_strTitle;    // empty: the text file's name
+    int m_nPrecision = -1;     // as for import
+    int m_nKind = KIND_TALLY;  // set by Validate
     int Validate(int* failingIndex) override;
 };
 

@@ -4,6 +4,7 @@
 
 #include "convert/ExprtDoc.h"
 #include "convert/ImprtDoc.h"
+#include "convert/LoadDoc.h"
 #include "datafile/FileGlobals.h"
 #include "framework/Messages.h"
 
@@ -60,4 +61,18 @@ void CImprtView::WriteReport(FILE* f) {
     s.Number(IDS_REPLICATIONS, r.replications);
     s.Number(IDS_OBSERVATIONS, r.observations);
     s.Number(IDS_RECORDS, r.records);
+}
+
+void CLoadView::WriteReport(FILE* f) {
+    const auto* doc = dynamic_cast<const CLoadDoc*>(GetDocument());
+    if (!doc) return;
+    const LoadResults& r = doc->Results();
+    Summary s(*this, f, IDS_LOAD_SUMMARY);
+    s.Text(IDS_SOURCE_FILE, r.source);
+    s.Text(IDS_DESTINATION_FILE, r.destination);
+    s.Text(IDS_DATA_KIND, op_KindText(r.kind));
+    s.Text(IDS_PRECISION, PrecisionText(r.isDouble));
+    s.Number(IDS_LINES_READ, r.lines);
+    s.Number(IDS_REPLICATIONS, r.replications);
+    s.Number(IDS_OBSERVATIONS, r.observations);
 }

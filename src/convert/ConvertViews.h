@@ -13,3 +13,8 @@ class CImprtView : public CTextView {
 public:
     void WriteReport(FILE* stream) override;
 };
+
+class CLoadView : public CTextView {
+public:
+    void WriteReport(FILE* stream) override;
+};

@@ -4,6 +4,7 @@
 #include "convert/ConvertViews.h"
 #include "convert/ExprtDoc.h"
 #include "convert/ImprtDoc.h"
+#include "convert/LoadDoc.h"
 #include "graph/PlotDlg.h"
 #include "graph/PlotDoc.h"
 #include "graph/PlotView.h"
@@ -67,7 +68,8 @@ const GroupCommand kCommands[] = {
      grp_Analysis<CImprtDlg, CImprtDoc, CImprtView>(grp_OutputField<CImprtDlg, &CImprtDlg::m_strOutFile>)},
     {"g_OnInterval", "Intervals", 16385, 16021, nullptr, "CIntrvlDoc", "CIntrvlView", kSplit,
      grp_Analysis<CIntrvlDlg, CIntrvlDoc, CIntrvlView, CIntrvlTextView>()},
-    {"g_OnLoad", "Load", 16397, 16035, "dat", "CLoadDoc", "CLoadView", kSingle, {}},
+    {"g_OnLoad", "Load", 16397, 16035, "dat", "CLoadDoc", "CLoadView", kSingle,
+     grp_Analysis<CLoadDlg, CLoadDoc, CLoadView>(grp_OutputField<CLoadDlg, &CLoadDlg::m_strOutFile>)},
     {"g_OnMovingAverage", "MovingAverage", 16386, 16036, "dat", "CMoveDoc", "CMovView", kSplit,
      grp_Analysis<CMoveDlg, CMoveDoc, CMovView, CMovTextView>(grp_OutputField<CMoveDlg, &CMoveDlg::m_strOutFile>)},
     {"g_OnOneway", "OnewayVariance", 16387, 16022, nullptr, "COnewyDoc", "COnewyView", kSplit,
