@@ -23,6 +23,8 @@ enum class DlgControl {
     EndTime,
     MinValue,
     MaxValue,
+    FirstRecord,   // Table: the range of rows shown
+    RecordCount,
 };
 
 class CDialog : public CObject {
