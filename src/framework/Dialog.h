@@ -25,6 +25,11 @@ enum class DlgControl {
     MaxValue,
     FirstRecord,   // Table: the range of rows shown
     RecordCount,
+    CellStart,     // Histogram: the first cell's lower bound, the width, the count
+    CellWidth,
+    CellCount,
+    Window,        // Moving average: the window and the method
+    Method,
 };
 
 class CDialog : public CObject {
