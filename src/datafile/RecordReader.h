@@ -99,6 +99,13 @@ public:
         return c.kind;
     }
 
+    // Next in bulk: the observations ahead in the block, up to max, into
+    // times and values. 0 when the next record is not an observation or not
+    // whole in the block: Next then reads it.
+    std::size_t NextRun(double* times, double* values, std::size_t max) {
+        return m_isDouble ? TakeRun<double, true>(times, values, max) : TakeRun<float, true>(times, values, max);
+    }
+
     // ---- Passes under a replication treatment
     // Positions at the treatment's first record and opens a pass. A number
     // finds its replication as op_SeekRep does (15804 when the file has no
