@@ -18,8 +18,12 @@ CliHost::CliHost(std::ostream& out, std::ostream& err)
 int CliHost::RunDialog(CDialog&) { return IDCANCEL; }
 
 void CliHost::ShowFrame(std::unique_ptr<CDocFrame> frame) {
-    for (const auto& v : frame->Views())
-        if (const auto* text = dynamic_cast<const CTextView*>(v.get())) *m_out << text->GetText();
+    for (const auto& v : frame->Views()) {
+        if (auto* paged = dynamic_cast<CPagedReport*>(v.get()))
+            paged->WriteAll(*m_out, m_pagedFormat);
+        else if (const auto* text = dynamic_cast<const CTextView*>(v.get()))
+            *m_out << text->GetText();
+    }
     if (m_svg && !m_svg->path.empty()) frame_WriteSvg(*frame, m_svg->width, m_svg->height, m_svg->path);
 }
 

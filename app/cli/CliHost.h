@@ -7,6 +7,7 @@
 #include <iosfwd>
 
 #include "framework/Host.h"
+#include "report/PagedReport.h"
 
 class CDocFrame;
 struct SvgOptions;
@@ -23,6 +24,8 @@ public:
 
     // Where the graphs of the windows shown go (--svg, --size); null: nowhere.
     void SetSvgOutput(const SvgOptions* svg) { m_svg = svg; }
+    // How a report too long to hold is written: it streams in this format.
+    void SetPagedFormat(ReportFormat format) { m_pagedFormat = format; }
 
     bool MessageShown() const { return m_shown; }
     void Reset() { m_shown = false; }
@@ -34,6 +37,7 @@ private:
     bool m_terminal;
     int m_lastPercent = -1;
     const SvgOptions* m_svg = nullptr;
+    ReportFormat m_pagedFormat = ReportFormat::Text;
 };
 
 class CSession;

@@ -23,6 +23,8 @@ enum class DlgControl {
     EndTime,
     MinValue,
     MaxValue,
+    FirstRecord,   // Table: the range of rows shown
+    RecordCount,
     CellStart,     // Histogram: the first cell's lower bound, the width, the count
     CellWidth,
     CellCount,

@@ -3,6 +3,9 @@
 #include "graph/PlotDlg.h"
 #include "graph/PlotDoc.h"
 #include "graph/PlotView.h"
+#include "graph/TableDlg.h"
+#include "graph/TableDoc.h"
+#include "graph/TableView.h"
 #include "series/CorrDlg.h"
 #include "series/CorrDoc.h"
 #include "series/CorrTextView.h"
@@ -72,7 +75,8 @@ const GroupCommand kCommands[] = {
      grp_Analysis<CSdIntDlg, CSdIntDoc, CSdIntView, CSdIntTextView>()},
     {"g_OnStdinterval", "StdInterval", 16399, 16024, nullptr, "CStdIntrvlDoc", "CStdIntView", kSplit,
      grp_Analysis<CStdInDlg, CStdIntrvlDoc, CStdIntView, CStdIntTextView>()},
-    {"g_OnTable", "Table", 16398, 16025, nullptr, "CTableDoc", "CTableView", kSingle, {}},
+    {"g_OnTable", "Table", 16398, 16025, nullptr, "CTableDoc", "CTableView", kSingle,
+     grp_Analysis<CTableDlg, CTableDoc, CTableView>()},
     {"g_OnVartest", "Vartest", 16390, 16026, nullptr, "CVarDoc", "CVarView", kSplit,
      grp_Analysis<CVarDlg, CVarDoc, CVarView, CVarTextView>()},
 };
