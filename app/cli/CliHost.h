@@ -27,6 +27,10 @@ public:
     // How a report too long to hold is written: it streams in this format.
     void SetPagedFormat(ReportFormat format) { m_pagedFormat = format; }
 
+    // Where the reports of the windows shown go: standard output unless a
+    // command writes its data there ("-").
+    void SetReportStream(std::ostream* out) { m_out = out; }
+
     bool MessageShown() const { return m_shown; }
     void Reset() { m_shown = false; }
 

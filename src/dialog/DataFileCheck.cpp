@@ -50,6 +50,16 @@ DlgControl dlg_FileFocus(FileCheck failed) {
                                                                              : DlgControl::DataFile;
 }
 
+bool dlg_SameFileName(const std::string& a, const std::string& b) {
+    namespace fs = std::filesystem;
+    if (a.empty() || b.empty()) return false;
+    std::error_code ec;
+    if (fs::equivalent(a, b, ec)) return true;
+    fs::path pa = fs::weakly_canonical(fs::absolute(a, ec), ec);
+    fs::path pb = fs::weakly_canonical(fs::absolute(b, ec), ec);
+    return pa == pb;
+}
+
 double dlg_AlphaFromLevel(const std::string& level) {
     double value = 0.0;
     op_ParseNumber(level.c_str(), &value);

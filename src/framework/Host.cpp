@@ -50,6 +50,10 @@ int AfxMessageBox(int id, unsigned style) { return Shown(id, g_host->ShowMessage
 
 int AfxMessageBox(const std::string& text, unsigned style) { return Shown(0, g_host->ShowMessage(0, text, style)); }
 
+int AfxMessageBox(int id, const std::string& text, unsigned style) {
+    return Shown(id, g_host->ShowMessage(id, text, style));
+}
+
 int AfxMessageBox(int id, int captionId, unsigned style) {
     return Shown(id, g_host->ShowCaptionedMessage(id, msg_Text(id), msg_Text(captionId), style));
 }

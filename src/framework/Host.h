@@ -48,6 +48,9 @@ IHost* host_Set(IHost* host);
 
 int AfxMessageBox(int id, unsigned style = MB_OK);
 int AfxMessageBox(const std::string& text, unsigned style = MB_OK);
+// The message of string id with its fields filled in (msg_Format): shown as
+// text, counted as the id's.
+int AfxMessageBox(int id, const std::string& text, unsigned style = MB_OK);
 // A message with a caption, both string ids.
 int AfxMessageBox(int id, int captionId, unsigned style);
 

@@ -1,5 +1,9 @@
 #include "group/CommandTable.h"
 
+#include "convert/ConvertDlgs.h"
+#include "convert/ConvertViews.h"
+#include "convert/ExprtDoc.h"
+#include "convert/ImprtDoc.h"
 #include "graph/PlotDlg.h"
 #include "graph/PlotDoc.h"
 #include "graph/PlotView.h"
@@ -56,12 +60,14 @@ const GroupCommand kCommands[] = {
     {"g_OnCorrelogram", "Correlogram", 16383, 16032, "cor", "CCorrDoc", "CCorrView", kSplit,
      grp_Analysis<CCorrDlg, CCorrDoc, CCorrView, CCorrTextView>(grp_OutputField<CCorrDlg, &CCorrDlg::m_strOutFile>)},
     {"g_OnDiffile", "Diffile", 16394, 16028, "dif", "CDiffDoc", "CDiffView", kSingle, {}},
-    {"g_OnExport", "Export", 16392, 16029, "dax", "CExprtDoc", "CExprtView", kSingle, {}},
+    {"g_OnExport", "Export", 16392, 16029, "dax", "CExprtDoc", "CExprtView", kSingle,
+     grp_Analysis<CExprtDlg, CExprtDoc, CExprtView>(grp_OutputField<CExprtDlg, &CExprtDlg::m_strOutFile>)},
     {"g_OnFilter", "BatchTruncate", 16395, 16030, "flt", "CFiltrDoc", "CFiltrView", kSingle,
      grp_Analysis<CFiltrDlg, CFiltrDoc, CFiltrView>(grp_OutputField<CFiltrDlg, &CFiltrDlg::m_strOutFile>)},
     {"g_OnHistogram", "Histogram", 16384, 16033, nullptr, "CHistDoc", "CHistView", kSplit,
      grp_Analysis<CHistDlg, CHistDoc, CHistView, CHistTextView>()},
-    {"g_OnImport", "Import", 16396, 16034, "dat", "CImprtDoc", "CImprtView", kSingle, {}},
+    {"g_OnImport", "Import", 16396, 16034, "dat", "CImprtDoc", "CImprtView", kSingle,
+     grp_Analysis<CImprtDlg, CImprtDoc, CImprtView>(grp_OutputField<CImprtDlg, &CImprtDlg::m_strOutFile>)},
     {"g_OnInterval", "Intervals", 16385, 16021, nullptr, "CIntrvlDoc", "CIntrvlView", kSplit,
      grp_Analysis<CIntrvlDlg, CIntrvlDoc, CIntrvlView, CIntrvlTextView>()},
     {"g_OnLoad", "Load", 16397, 16035, "dat", "CLoadDoc", "CLoadView", kSingle, {}},

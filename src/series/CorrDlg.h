@@ -19,7 +19,3 @@ public:
     bool ExchangeFields(std::string* message) override;
     int Validate(int* failingIndex) override;
 };
-
-// True when two names denote the same file: the same existing file, or the
-// same path once made absolute and normal.
-bool corr_SameFileName(const std::string& a, const std::string& b);
