@@ -42,6 +42,7 @@ int CComprDoc::InitFromDialog(CDialog& dialog) {
     m_dAlpha = dlg_AlphaFromLevel(dlg.m_strLevel);
     m_strTitle = dlg.m_strTitle;
     m_bScale = dlg.m_bScale;
+    m_givenPairs = dlg.m_pairs;
     if (int rc = pair_Expand(dlg.m_pairs, &m_pairs)) return rc;
     return Compute();
 }
@@ -71,11 +72,15 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     CFileSample sa;
     CFileSample sb;
     CShiftedSums diff;
+    CShiftedSums sumA;
+    CShiftedSums sumB;
     double ta = 0.0, va = 0.0;
     double tb = 0.0, vb = 0.0;
     // An A value without a partner in B changes nothing.
     while (readA.NextObs(&ta, &va) && readB.NextObs(&tb, &vb)) {
         diff.Add(va - vb);
+        sumA.Add(va);
+        sumB.Add(vb);
         sa.AddExtremes(va);
         sb.AddExtremes(vb);
     }
@@ -92,8 +97,9 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     if (!st_IntervalHolds(mean, std::sqrt(variance), mean - hw, mean + hw)) return IDS_INTERVAL_ERROR;
 
     StoreResults(row, mean, std::sqrt(variance), hw);
-    row.a = {sa.min, sa.max, n};
-    row.b = {sb.min, sb.max, n};
+    row.a = {sa.min, sa.max, n, sumA.Mean(), 0.0};
+    row.b = {sb.min, sb.max, n, sumB.Mean(), 0.0};
+    row.df = static_cast<int>(n - 1);
     return 0;
 }
 
@@ -127,7 +133,8 @@ int CComprDoc::ComputeTwoSample(const CFilePairItem& pair, PairRow& row) {
     if (!st_IntervalHolds(estimate, se, estimate - hw, estimate + hw)) return IDS_INTERVAL_ERROR;
 
     StoreResults(row, estimate, se, hw);
-    row.a = {sa.min, sa.max, na};
-    row.b = {sb.min, sb.max, nb};
+    row.a = {sa.min, sa.max, na, sa.sums.Mean(), va};
+    row.b = {sb.min, sb.max, nb, sb.sums.Mean(), vb};
+    row.df = df;
     return 0;
 }
