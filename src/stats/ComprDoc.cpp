@@ -85,11 +85,9 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
         const std::size_t nb = pair_Fill(readB, vb, na);
         sumA.AddAll(va, nb);
         sumB.AddAll(vb, nb);
-        for (std::size_t i = 0; i < nb; ++i) {
-            sa.Add(va[i]);
-            sb.Add(vb[i]);
-            va[i] -= vb[i];
-        }
+        st_AddExtremes(va, nb, &sa.min, &sa.max);
+        st_AddExtremes(vb, nb, &sb.min, &sb.max);
+        for (std::size_t i = 0; i < nb; ++i) va[i] -= vb[i];
         diff.AddAll(va, nb);
         if (nb < na) break;
         if (na < kChunk) {
