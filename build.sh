@@ -16,8 +16,8 @@ command -v make >/dev/null || need+=(make)
 [ -f /usr/include/CLI/CLI.hpp ] || need+=(libcli11-dev)
 [ -d /usr/include/gtest ] || need+=(libgtest-dev)
 [ -d /usr/include/benchmark ] || need+=(libbenchmark-dev)
-# The conversion checks build their expected files with Python's struct.
-[ "${1:-}" = test ] && { command -v python3 >/dev/null || need+=(python3); }
+# The tests of the JSON results read them with Python.
+command -v python3 >/dev/null || need+=(python3)
 # The desktop program and its tests need Qt 6 and the graphs' face (OPROC_GUI=0 skips them).
 if [ "${1:-}" = gui ] || { [ "${1:-}" = test ] && [ "${OPROC_GUI:-1}" = 1 ]; }; then
     dpkg -s qt6-base-dev >/dev/null 2>&1 || need+=(qt6-base-dev)

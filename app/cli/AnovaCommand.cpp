@@ -8,6 +8,7 @@
 #include "FileArgs.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "group/Commands.h"
 #include "stats/OnewyDlg.h"
 
@@ -49,6 +50,7 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_flag("--unequal-variances", g_opt.unequal, "Welch's test and Games-Howell intervals")->excludes(method);
     cli_AddSvgOptions(sub, g_opt.svg, false);
     g_opt.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     return sub;
 }
 

@@ -5,6 +5,7 @@
 
 #include "Command.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "group/Commands.h"
 #include "series/FiltrDlg.h"
 
@@ -37,6 +38,7 @@ CLI::App* Setup(CLI::App& app) {
                     "Time span or observations per batch (default: ten batches of the first replication)");
     sub->add_option("--out", g_opt.out, "File for the batch means (.flt added when there is no extension)");
     g_opt.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     sub->footer(
         "Unit texts are read by their first letter (T or O), as in the dialog; numbers lie in 0..999999.\n"
         "Batching by time always truncates by time.");

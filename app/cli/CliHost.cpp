@@ -8,6 +8,7 @@
 #include "GraphOutput.h"
 #include "framework/Frame.h"
 #include "graph/FramePanes.h"
+#include "group/CommandTable.h"
 #include "report/TextView.h"
 
 CliHost::CliHost(std::ostream& err) : CliHost(std::cout, err) {}
@@ -18,16 +19,22 @@ CliHost::CliHost(std::ostream& out, std::ostream& err)
 int CliHost::RunDialog(CDialog&) { return IDCANCEL; }
 
 void CliHost::ShowFrame(std::unique_ptr<CDocFrame> frame) {
-    for (const auto& v : frame->Views()) {
-        if (auto* paged = dynamic_cast<CPagedReport*>(v.get()))
-            paged->WriteAll(*m_out, m_pagedFormat);
-        else if (const auto* text = dynamic_cast<const CTextView*>(v.get()))
-            *m_out << text->GetText();
+    if (m_format != ResultFormat::Text) {
+        if (const CDocument* doc = frame->GetActiveDocument())
+            if (std::optional<ResultRecord> record = grp_DocumentResults(*doc)) m_results = std::move(*record);
+    } else {
+        for (const auto& v : frame->Views()) {
+            if (auto* paged = dynamic_cast<CPagedReport*>(v.get()))
+                paged->WriteAll(*m_out, m_pagedFormat);
+            else if (const auto* text = dynamic_cast<const CTextView*>(v.get()))
+                *m_out << text->GetText();
+        }
     }
     if (m_svg && !m_svg->path.empty()) frame_WriteSvg(*frame, m_svg->width, m_svg->height, m_svg->path);
 }
 
-int CliHost::ShowMessage(int, const std::string& text, unsigned style) {
+int CliHost::ShowMessage(int id, const std::string& text, unsigned style) {
+    m_messages.emplace_back(id, text);
     if (m_lastPercent >= 0) {
         *m_err << '\n';
         m_lastPercent = -1;

@@ -5,9 +5,14 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
+#include <utility>
+#include <vector>
 
+#include "ResultFormat.h"
 #include "framework/Host.h"
 #include "report/PagedReport.h"
+#include "report/ResultValue.h"
 
 class CDocFrame;
 struct SvgOptions;
@@ -34,6 +39,14 @@ public:
     bool MessageShown() const { return m_shown; }
     void Reset() { m_shown = false; }
 
+    // Under a format other than text a window shown gives its results rather
+    // than its report; messages are kept for the results either way.
+    void SetFormat(ResultFormat format) { m_format = format; }
+    ResultFormat Format() const { return m_format; }
+    void SetResults(ResultRecord record) { m_results = std::move(record); }
+    const std::optional<ResultRecord>& Results() const { return m_results; }
+    const std::vector<std::pair<int, std::string>>& Messages() const { return m_messages; }
+
 private:
     std::ostream* m_out;
     std::ostream* m_err;
@@ -42,6 +55,9 @@ private:
     int m_lastPercent = -1;
     const SvgOptions* m_svg = nullptr;
     ReportFormat m_pagedFormat = ReportFormat::Text;
+    ResultFormat m_format = ResultFormat::Text;
+    std::optional<ResultRecord> m_results;
+    std::vector<std::pair<int, std::string>> m_messages;
 };
 
 class CSession;

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "CliHost.h"
+#include "ResultFormat.h"
 #include "framework/Config.h"
 #include "group/Session.h"
 
@@ -80,10 +81,17 @@ int cli_Run(const std::vector<std::string>& args, CliIO& io) {
     int previousPrecision = cfg_GetDoublePrecOutput();
     if (single) cfg_SetDoublePrecOutput(0);
 
+    host.SetFormat(cli_ParsedFormat());
     int status = 2;
+    std::string command;
     try {
         for (auto& [sub, run] : subs)
-            if (sub->parsed()) status = run(io);
+            if (sub->parsed()) {
+                command = sub->get_name();
+                for (const CLI::App* nested : sub->get_subcommands()) command += ' ' + nested->get_name();
+                status = run(io);
+            }
+        cli_WriteResults(command, status, io);
     } catch (const CLI::ParseError& e) {
         io.err << e.what() << std::endl;
         status = 2;

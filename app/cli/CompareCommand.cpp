@@ -8,6 +8,7 @@
 #include "FileArgs.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "group/Commands.h"
 #include "stats/PairDialogs.h"
 
@@ -36,6 +37,7 @@ void AddCommon(CLI::App* sub, Options& o) {
     sub->add_option("FILE", o.files, kFilesHelp);
     o.group.AddOption(sub);
     cli_AddSvgOptions(sub, o.svg, false);
+    cli_AddFormatOption(sub);
 }
 
 // The pair list as the dialog takes it; an odd count is a usage error.

@@ -3,6 +3,7 @@
 #include "Command.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "group/Commands.h"
 #include "series/CorrDlg.h"
 
@@ -29,6 +30,7 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--max-lags", g_opt.maxLags, "Largest lag, 1 to 9999")->required();
     sub->add_option("--out", g_opt.out, "Save the correlations in this data file (.cor added when no extension)");
     g_opt.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     cli_AddSvgOptions(sub, g_opt.svg, false);
     return sub;
 }

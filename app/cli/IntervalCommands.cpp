@@ -7,6 +7,7 @@
 #include "FileArgs.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "group/Commands.h"
 #include "series/StdInDlg.h"
 #include "stats/IntrvlDlg.h"
@@ -35,6 +36,7 @@ CLI::App* AddCommand(CLI::App& app, const char* name, const char* about, Options
     sub->add_flag("--scale", opt.scale, "Show the scale on the chart");
     cli_AddSvgOptions(sub, opt.svg, false);
     opt.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     return sub;
 }
 

@@ -28,6 +28,7 @@ void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
     if (st.Count() < 8) return;
     const double n = static_cast<double>(st.Count());
     const double z = cov / std::sqrt((n - 2.0) / (n * n - 1.0));
+    res->z = z;
     if (z > Z_ONE_SIDED_05) res->rejectPositive = 1;
     if (std::fabs(z) > Z_TWO_SIDED_05) {
         if (byTime)
@@ -35,6 +36,14 @@ void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
         else
             res->rejectNonZero = 0;
     }
+}
+
+// Keeps a batch mean for the results; past the limit only that some were left out.
+void KeepMean(FiltrResults* res, double mean) {
+    if (res->means.size() < FiltrResults::kMaxKeptMeans)
+        res->means.push_back(mean);
+    else
+        res->meansOmitted = true;
 }
 
 // A value holds until the next record for these kinds; the others move
@@ -108,6 +117,7 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
             double mean = (area + piece) / W;
             out.Put(mid, mean);
             st.AddInSeries(mean);
+            KeepMean(res, mean);
             tp = b;
             area = 0.0;
         }
@@ -268,6 +278,7 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
             double meanV = sumV / B;
             out.Put(meanT, meanV);
             st.AddInSeries(meanV);
+            KeepMean(res, meanV);
             count = 0;
             sumT = sumV = 0.0;
         }
