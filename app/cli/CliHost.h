@@ -5,6 +5,8 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
+#include <vector>
 
 #include "framework/Host.h"
 
@@ -24,6 +26,13 @@ public:
     // Where the graphs of the windows shown go (--svg, --size); null: nowhere.
     void SetSvgOutput(const SvgOptions* svg) { m_svg = svg; }
 
+    // A line on stderr that is not a message of the system: it leaves the
+    // exit status alone, and --quiet drops it. Notes wait for the end of the
+    // command (FlushNotes), so that a message is always stderr's first line.
+    void Note(const std::string& text);
+    void FlushNotes();
+    void SetQuiet(bool quiet) { m_quiet = quiet; }
+
     bool MessageShown() const { return m_shown; }
     void Reset() { m_shown = false; }
 
@@ -32,6 +41,8 @@ private:
     std::ostream* m_err;
     bool m_shown = false;
     bool m_terminal;
+    bool m_quiet = false;
+    std::vector<std::string> m_notes;
     int m_lastPercent = -1;
     const SvgOptions* m_svg = nullptr;
 };

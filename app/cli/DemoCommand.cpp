@@ -21,7 +21,9 @@ CLI::App* Setup(CLI::App& app) {
     g_sample = SampleOptions{};
     CLI::App* sub = app.add_subcommand("demo", "Make sample data and run every analysis on it");
     sub->add_option("DIR", g_dir, "Folder for the sample data, outputs and index.html")->capture_default_str();
-    sub->add_option("--seed", g_sample.seed, "Random number seed of the sample data")->capture_default_str();
+    sub->add_option("--seed", g_sample.seed, "Random number seed of the sample data")
+        ->type_name("INT")
+        ->capture_default_str();
     return sub;
 }
 

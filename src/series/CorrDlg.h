@@ -23,3 +23,7 @@ public:
 // True when two names denote the same file: the same existing file, or the
 // same path once made absolute and normal.
 bool corr_SameFileName(const std::string& a, const std::string& b);
+
+// The maximum lag when none is given, for the file under the treatment text
+// reps (CorrDefaultLags.cpp); 0 when the file or the treatment cannot be read.
+int corr_DefaultMaxLags(const std::string& path, const std::string& reps);
