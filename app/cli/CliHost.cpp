@@ -21,7 +21,7 @@ int CliHost::RunDialog(CDialog&) { return IDCANCEL; }
 void CliHost::ShowFrame(std::unique_ptr<CDocFrame> frame) {
     for (const auto& v : frame->Views())
         if (const auto* text = dynamic_cast<const CTextView*>(v.get())) *m_out << text->GetText();
-    if (m_svg && !m_svg->path.empty()) frame_WriteSvg(*frame, m_svg->width, m_svg->height, m_svg->path);
+    if (m_svg) cli_WriteGraphs(*frame, *m_svg);
 }
 
 int CliHost::ShowMessage(int id, const std::string& text, unsigned style) {
