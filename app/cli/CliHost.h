@@ -6,6 +6,7 @@
 
 #include <iosfwd>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -36,6 +37,13 @@ public:
     // command writes its data there ("-").
     void SetReportStream(std::ostream* out) { m_out = out; }
 
+    // A line on stderr that is not a message of the system: it leaves the
+    // exit status alone, and --quiet drops it. Notes wait for the end of the
+    // command (FlushNotes), so that a message is always stderr's first line.
+    void Note(const std::string& text);
+    void FlushNotes();
+    void SetQuiet(bool quiet) { m_quiet = quiet; }
+
     bool MessageShown() const { return m_shown; }
     void Reset() { m_shown = false; }
 
@@ -52,6 +60,8 @@ private:
     std::ostream* m_err;
     bool m_shown = false;
     bool m_terminal;
+    bool m_quiet = false;
+    std::vector<std::string> m_notes;
     int m_lastPercent = -1;
     const SvgOptions* m_svg = nullptr;
     ReportFormat m_pagedFormat = ReportFormat::Text;

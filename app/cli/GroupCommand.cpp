@@ -100,6 +100,8 @@ int Add(CliIO& io) {
     COutputView& view = session.GroupView();
     for (const std::string& f : files) {
         std::error_code ec;
+        // Each file that stays out is named on the message's second line.
+        host_SetSubjectFile(f);
         // What a file-open dialog would offer: existing files only.
         if (!fs::is_regular_file(f, ec)) {
             AfxMessageBox(IDS_FILE_NOT_FOUND);

@@ -19,3 +19,7 @@ public:
     bool ExchangeFields(std::string* message) override;
     int Validate(int* failingIndex) override;
 };
+
+// The maximum lag when none is given, for the file under the treatment text
+// reps (CorrDefaultLags.cpp); 0 when the file or the treatment cannot be read.
+int corr_DefaultMaxLags(const std::string& path, const std::string& reps);
