@@ -31,9 +31,11 @@ struct BatchStats {
     }
 };
 
-// The von Neumann estimate and its test. The two batching units have always
-// treated a large z differently: by time it withdraws the one-sided rejection,
-// by observations it clears the two-sided flag, which is never set.
+// The von Neumann estimate and its test. The two batching units treat a
+// large z differently (by time it withdraws the one-sided rejection, by
+// observations it clears the two-sided flag, which is never set): each
+// unit's report states its own conclusion, and both are kept so that a
+// report reads the same whichever release printed it.
 void StoreEstimate(const BatchStats& st, bool byTime, FiltrResults* res) {
     const double cov = 1.0 - st.d / (2.0 * st.s);
     res->covEstimate = cov;
