@@ -99,6 +99,13 @@ public:
         return c.kind;
     }
 
+    // Next in bulk: the observations ahead in the block, up to max, into
+    // times and values. 0 when the next record is not an observation or not
+    // whole in the block: Next then reads it.
+    std::size_t NextRun(double* times, double* values, std::size_t max) {
+        return m_isDouble ? TakeRun<double, true>(times, values, max) : TakeRun<float, true>(times, values, max);
+    }
+
     // ---- Passes under a replication treatment
     // Positions at the treatment's first record and opens a pass. A number
     // finds its replication as op_SeekRep does (15804 when the file has no
@@ -128,6 +135,26 @@ public:
         *t = r.t;
         *v = r.v;
         return r.ok;
+    }
+    // Observations of the pass in bulk: the run of observations ahead in the
+    // block, up to max, into values (and times unless null), in one tight
+    // loop; where none is ahead (a marker, the block's end) one through
+    // NextObs. 0 once the pass has ended.
+    std::size_t NextObsRun(double* times, double* values, std::size_t max) {
+        std::size_t n = 0;
+        if (m_plain) {
+            if (m_isDouble)
+                n = times ? TakeRun<double, true>(times, values, max) : TakeRun<double, false>(times, values, max);
+            else
+                n = times ? TakeRun<float, true>(times, values, max) : TakeRun<float, false>(times, values, max);
+        }
+        if (n > 0) [[likely]]
+            return n;
+        double t, v;
+        if (!NextObs(&t, &v)) return 0;
+        if (times) times[0] = t;
+        values[0] = v;
+        return 1;
     }
     // Reads the rest of the pass.
     void SkipPass();
@@ -195,6 +222,38 @@ private:
         }
         return true;
     }
+
+    // The observations (time not below 0) ahead in the block, up to max.
+    template <typename F, bool withTimes>
+    std::size_t TakeRun(double* times, double* values, std::size_t max) {
+        constexpr std::size_t kRec = 2 * sizeof(F);
+        const std::size_t held = static_cast<std::size_t>(m_lim - m_cur) / kRec;
+        const std::size_t limit = held < max ? held : max;
+        const char* p = m_cur;
+        std::size_t i = 0;
+        if constexpr (sizeof(F) == sizeof(double)) {
+            if (limit >= kWideRun) {
+                i = TakeDoublesWide(p, limit, withTimes ? times : nullptr, values);
+                p += i * kRec;
+            }
+        }
+        for (; i < limit; ++i, p += kRec) {
+            F rec[2];
+            std::memcpy(rec, p, sizeof rec);
+            if (!(rec[0] >= 0)) break;
+            if constexpr (withTimes) times[i] = rec[0];
+            values[i] = rec[1];
+        }
+        m_cur = p;
+        return i;
+    }
+
+    // From this many records on a run of doubles goes to TakeDoublesWide: the
+    // observations among limit records at p, four at a time in vector
+    // registers where the processor has them; stops at or before the first
+    // record that is not one.
+    static constexpr std::size_t kWideRun = 16;
+    static std::size_t TakeDoublesWide(const char* p, std::size_t limit, double* times, double* values);
 
     Raw ReadSlow();
     Classified NextSlow();

@@ -23,6 +23,11 @@ enum class DlgControl {
     EndTime,
     MinValue,
     MaxValue,
+    CellStart,     // Histogram: the first cell's lower bound, the width, the count
+    CellWidth,
+    CellCount,
+    Window,        // Moving average: the window and the method
+    Method,
 };
 
 class CDialog : public CObject {

@@ -6,7 +6,7 @@
 #include "datafile/OutputDataFile.h"
 #include "framework/Messages.h"
 #include "series/CorrDlg.h"
-#include "stats/ShiftedSums.h"
+#include "stats/Moments.h"
 
 namespace {
 
@@ -72,40 +72,28 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
     // Values go to the sums a block at a time; the lagged products need the
     // mean first, so a second pass reads the values again. Streaming keeps
     // the memory to the products' own (the transform's blocks), whatever n.
-    CShiftedSums sums;
+    CMoments sums;
     double chunk[kFeed];
-    std::size_t filled = 0;
-    double t = 0.0, v = 0.0;
     in.BeginPass(treatment);
-    while (in.NextObs(&t, &v)) {
-        chunk[filled++] = v;
-        if (filled == kFeed) {
-            sums.AddAll(chunk, filled);
-            filled = 0;
-        }
-    }
-    sums.AddAll(chunk, filled);
+    while (const std::size_t got = in.NextObsRun(nullptr, chunk, kFeed)) sums.AddAll(chunk, got);
     if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
     const long n = sums.Count();
     if (n <= lags) return IDS_TOO_FEW_POINTS;
     const double dn = static_cast<double>(n);
     const double mean = sums.Mean();
-    const double variance = sums.CentredSquares() / dn;
+    const double variance = sums.SumSqDev() / dn;
+    // Centred on the rounded mean, the values sum to n times its residual;
+    // the products are corrected for it.
+    const double residual = sums.MeanFrom(mean);
 
     in.RewindPass();
     CLagProducts products(lags, m_forceMethod ? *m_forceMethod : CLagProducts::Choose(lags, n));
-    double* feed = chunk;
-    std::size_t fed = 0;
-    while (in.NextObs(&t, &v)) {
-        feed[fed++] = v - mean;
-        if (fed == kFeed) {
-            products.Add(feed, fed);
-            fed = 0;
-        }
+    while (const std::size_t got = in.NextObsRun(nullptr, chunk, kFeed)) {
+        for (std::size_t i = 0; i < got; ++i) chunk[i] -= mean;
+        products.Add(chunk, got);
     }
     if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
-    products.Add(feed, fed);
-    std::vector<double> acc = products.Finish();
+    std::vector<double> acc = products.Finish(residual);
 
     double weighted = 0.0;
     for (int k = 1; k <= lags; ++k) {

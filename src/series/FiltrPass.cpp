@@ -1,5 +1,6 @@
 #include "series/FiltrPass.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 
@@ -8,40 +9,26 @@
 #include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
+#include "stats/Moments.h"
 
 namespace {
 
-// Running sums of the batch means. S is kept as the sum of squared deviations
-// from the running mean (Welford), which equals sum x^2 - (sum x)^2 / n in exact
-// arithmetic but keeps its digits when the means share a large offset.
-struct BatchStats {
-    long n = 0;
-    double mean = 0.0;
-    double s = 0.0;
-    double d = 0.0;
-    double prev = 0.0;
-
-    void Add(double x) {
-        ++n;
-        double delta = x - mean;
-        mean += delta / static_cast<double>(n);
-        s += delta * (x - mean);
-        if (n > 1) d += std::pow(x - prev, 2.0);
-        prev = x;
-    }
-};
+// Records taken from the reader at a time.
+constexpr std::size_t kRun = 1024;
 
 // The von Neumann estimate and its test. The two batching units treat a
 // large z differently (by time it withdraws the one-sided rejection, by
 // observations it clears the two-sided flag, which is never set): each
 // unit's report states its own conclusion, and both are kept so that a
-// report reads the same whichever release printed it.
-void StoreEstimate(const BatchStats& st, bool byTime, FiltrResults* res) {
-    const double cov = 1.0 - st.d / (2.0 * st.s);
+// report reads the same whichever release printed it. S and D, the sums of
+// squared deviations and of squared successive differences of the batch
+// means, keep their digits whatever offset the means share.
+void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
+    const double cov = 1.0 - st.SumSqSteps() / (2.0 * st.SumSqDev());
     res->covEstimate = cov;
-    res->numBatches = static_cast<int>(st.n);
-    if (st.n < 8) return;
-    const double n = static_cast<double>(st.n);
+    res->numBatches = static_cast<int>(st.Count());
+    if (st.Count() < 8) return;
+    const double n = static_cast<double>(st.Count());
     const double z = cov / std::sqrt((n - 2.0) / (n * n - 1.0));
     if (z > Z_ONE_SIDED_05) res->rejectPositive = 1;
     if (std::fabs(z) > Z_TWO_SIDED_05) {
@@ -102,12 +89,14 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
     double b = r;
     double tp = r;
     double area = 0.0;
-    BatchStats st;
+    CMoments st;
+    double times[kRun], values[kRun];
+    std::size_t got = 0, at = 0;
     for (;;) {
         while (t - b > W) {
             const double end = b + W;
             if (!(end > b)) return IDS_ZERO_DENOMINATOR;  // W too small to move on from b
-            if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
+            if (st.Count() == INT_MAX) return IDS_BUFFER_EXCEEDED;
             b = end;
             double piece;
             if constexpr (step) {
@@ -120,7 +109,7 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
             double mid = b - W * 0.5;
             double mean = (area + piece) / W;
             out.Put(mid, mean);
-            st.Add(mean);
+            st.AddInSeries(mean);
             tp = b;
             area = 0.0;
         }
@@ -132,6 +121,18 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
         tp = t;
         vp = v;
 
+        // The next record: from the run taken from the reader's block, a
+        // new run, or through Next.
+        if (at == got) {
+            got = in.NextRun(times, values, kRun);
+            at = 0;
+        }
+        if (at < got) {
+            t = times[at];
+            v = values[at];
+            ++at;
+            continue;
+        }
         rec = in.Next(&t, &v);
         if (rec == RecordKind::Obs) continue;
         if (rec == RecordKind::Boundary && lumped) {
@@ -149,7 +150,7 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
     }
 
     res->trailingTime = tp - b;
-    if (st.n > 0 && st.s > 0.0) {
+    if (st.Count() > 0 && st.SumSqDev() > 0.0) {
         StoreEstimate(st, true, res);
         res->truncUsed = T;
         res->batchUsed = W;
@@ -213,19 +214,27 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
         if (int rc = TruncateForObs(in, p, rep, &firstT, &firstV, &have, &truncatedTime)) return rc;
     const double truncUsed = p.truncUnit == 1 ? static_cast<double>(WholeInt(p.truncAmount)) : p.truncAmount;
 
-    // Fresh variables for the per-record loop: nothing takes their address.
-    double t = firstT;
-    double v = firstV;
     double lastTime = truncatedTime;
-    BatchStats st;
+    CMoments st;
     int count = 0;
     double sumT = 0.0;
     double sumV = 0.0;
     double start = 0.0;
-    for (;; have = false) {
-        if (!have) {
+    // Records come in runs of observations from the reader's block; markers
+    // and block ends one at a time through Next.
+    double times[kRun], values[kRun];
+    std::size_t got = 0;
+    if (have) {
+        times[0] = firstT;
+        values[0] = firstV;
+        got = 1;
+    }
+    for (;; got = 0) {
+        if (got == 0) got = in.NextRun(times, values, kRun);
+        if (got == 0) {
+            double t, v;
             RecordKind rec = in.Next(&t, &v);
-            if (rec != RecordKind::Obs) [[unlikely]] {
+            if (rec != RecordKind::Obs) {
                 if (rec == RecordKind::Boundary && lumped) {
                     do rec = in.Next(&t, &v);
                     while (rec == RecordKind::Boundary);
@@ -237,23 +246,33 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
                     break;
                 }
             }
+            times[0] = t;
+            values[0] = v;
+            got = 1;
         }
-        lastTime = t;
+        lastTime = times[got - 1];
         if (!batching) {
-            out.Put(t, v);
+            for (std::size_t i = 0; i < got; ++i) out.Put(times[i], values[i]);
             continue;
         }
-        if (count == 0) start = t;
-        sumT += t;
-        sumV += v;
-        if (++count < B) continue;
-        if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
-        double meanT = sumT / B;
-        double meanV = sumV / B;
-        out.Put(meanT, meanV);
-        st.Add(meanV);
-        count = 0;
-        sumT = sumV = 0.0;
+        // The run in stretches that end where a batch fills.
+        for (std::size_t i = 0; i < got;) {
+            if (count == 0) start = times[i];
+            const std::size_t take = std::min(got - i, static_cast<std::size_t>(B - count));
+            for (const std::size_t end = i + take; i < end; ++i) {
+                sumT += times[i];
+                sumV += values[i];
+            }
+            count += static_cast<int>(take);
+            if (count < B) break;
+            if (st.Count() == INT_MAX) return IDS_BUFFER_EXCEEDED;
+            double meanT = sumT / B;
+            double meanV = sumV / B;
+            out.Put(meanT, meanV);
+            st.AddInSeries(meanV);
+            count = 0;
+            sumT = sumV = 0.0;
+        }
     }
 
     if (!batching) {
@@ -262,8 +281,8 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
     }
     res->trailingObs = count;
     res->trailingTime = count > 0 ? lastTime - start : 0.0;
-    if (st.n < 1) return 0;
-    if (!(2.0 * st.s > 0.0)) return IDS_ZERO_DENOMINATOR;
+    if (st.Count() < 1) return 0;
+    if (!(2.0 * st.SumSqDev() > 0.0)) return IDS_ZERO_DENOMINATOR;
     StoreEstimate(st, false, res);
     res->truncUsed = truncUsed;
     res->batchUsed = B;
@@ -278,11 +297,16 @@ void filtr_SettleDefaults(CRecordReader& in, FiltrParams* p) {
     long count = 0;
     double first = 0.0;
     double last = 0.0;
-    double t = 0.0;
-    double v = 0.0;
-    while (in.Next(&t, &v) == RecordKind::Obs) {
-        if (count++ == 0) first = t;
-        last = t;
+    double times[kRun], values[kRun];
+    for (;;) {
+        std::size_t got = in.NextRun(times, values, kRun);
+        if (got == 0) {
+            if (in.Next(&times[0], &values[0]) != RecordKind::Obs) break;
+            got = 1;
+        }
+        if (count == 0) first = times[0];
+        last = times[got - 1];
+        count += static_cast<long>(got);
     }
     p->batchSize = p->batchUnit == 0 ? (last - first) / 10.0 : static_cast<double>(count) / 10.0;
 }
