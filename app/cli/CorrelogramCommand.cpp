@@ -40,8 +40,8 @@ CLI::App* Setup(CLI::App& app) {
     return sub;
 }
 
-// The dialog's fields from the command line; the command entry does the rest
-// as in the desktop program, the ".cor" of an output name included.
+// The dialog's fields from the command line; the command entry does the rest,
+// the ".cor" of an output name included, so that both hosts write the same file.
 int Run(CliIO&) {
     std::string file = g_opt.group.Resolve(g_opt.file);
     if (g_opt.reps.empty()) cli_Host().Note(cli_ReplicationNote(file, "--reps "));
