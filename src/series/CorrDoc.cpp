@@ -6,7 +6,7 @@
 #include "datafile/OutputDataFile.h"
 #include "framework/Messages.h"
 #include "series/CorrDlg.h"
-#include "stats/ShiftedSums.h"
+#include "stats/Moments.h"
 
 namespace {
 
@@ -72,7 +72,7 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
     // Values go to the sums a block at a time; the lagged products need the
     // mean first, so a second pass reads the values again. Streaming keeps
     // the memory to the products' own (the transform's blocks), whatever n.
-    CShiftedSums sums;
+    CMoments sums;
     double chunk[kFeed];
     std::size_t filled = 0;
     double t = 0.0, v = 0.0;
@@ -90,7 +90,10 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
     if (n <= lags) return 15831;
     const double dn = static_cast<double>(n);
     const double mean = sums.Mean();
-    const double variance = sums.CentredSquares() / dn;
+    const double variance = sums.SumSqDev() / dn;
+    // Centred on the rounded mean, the values sum to n times its residual;
+    // the products are corrected for it.
+    const double residual = sums.MeanFrom(mean);
 
     in.RewindPass();
     CLagProducts products(lags, m_forceMethod ? *m_forceMethod : CLagProducts::Choose(lags, n));
@@ -105,7 +108,7 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
     }
     if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
     products.Add(feed, fed);
-    std::vector<double> acc = products.Finish();
+    std::vector<double> acc = products.Finish(residual);
 
     double weighted = 0.0;
     for (int k = 1; k <= lags; ++k) {

@@ -8,38 +8,21 @@
 #include "datafile/RecordReader.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
+#include "stats/Moments.h"
 
 namespace {
 
-// Running sums of the batch means. S is kept as the sum of squared deviations
-// from the running mean (Welford), which equals sum x^2 - (sum x)^2 / n in exact
-// arithmetic but keeps its digits when the means share a large offset.
-struct BatchStats {
-    long n = 0;
-    double mean = 0.0;
-    double s = 0.0;
-    double d = 0.0;
-    double prev = 0.0;
-
-    void Add(double x) {
-        ++n;
-        double delta = x - mean;
-        mean += delta / static_cast<double>(n);
-        s += delta * (x - mean);
-        if (n > 1) d += std::pow(x - prev, 2.0);
-        prev = x;
-    }
-};
-
 // The von Neumann estimate and its test. The two batching units have always
 // treated a large z differently: by time it withdraws the one-sided rejection,
-// by observations it clears the two-sided flag, which is never set.
-void StoreEstimate(const BatchStats& st, bool byTime, FiltrResults* res) {
-    const double cov = 1.0 - st.d / (2.0 * st.s);
+// by observations it clears the two-sided flag, which is never set. S and D,
+// the sums of squared deviations and of squared successive differences of the
+// batch means, keep their digits whatever offset the means share.
+void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
+    const double cov = 1.0 - st.SumSqSteps() / (2.0 * st.SumSqDev());
     res->covEstimate = cov;
-    res->numBatches = static_cast<int>(st.n);
-    if (st.n < 8) return;
-    const double n = static_cast<double>(st.n);
+    res->numBatches = static_cast<int>(st.Count());
+    if (st.Count() < 8) return;
+    const double n = static_cast<double>(st.Count());
     const double z = cov / std::sqrt((n - 2.0) / (n * n - 1.0));
     if (z > Z_ONE_SIDED_05) res->rejectPositive = 1;
     if (std::fabs(z) > Z_TWO_SIDED_05) {
@@ -100,12 +83,12 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
     double b = r;
     double tp = r;
     double area = 0.0;
-    BatchStats st;
+    CMoments st;
     for (;;) {
         while (t - b > W) {
             const double end = b + W;
             if (!(end > b)) return IDS_ZERO_DENOMINATOR;  // W too small to move on from b
-            if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
+            if (st.Count() == INT_MAX) return IDS_BUFFER_EXCEEDED;
             b = end;
             double piece;
             if constexpr (step) {
@@ -118,7 +101,7 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
             double mid = b - W * 0.5;
             double mean = (area + piece) / W;
             out.Put(mid, mean);
-            st.Add(mean);
+            st.AddInSeries(mean);
             tp = b;
             area = 0.0;
         }
@@ -147,7 +130,7 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
     }
 
     res->trailingTime = tp - b;
-    if (st.n > 0 && st.s > 0.0) {
+    if (st.Count() > 0 && st.SumSqDev() > 0.0) {
         StoreEstimate(st, true, res);
         res->truncUsed = T;
         res->batchUsed = W;
@@ -215,7 +198,7 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
     double t = firstT;
     double v = firstV;
     double lastTime = truncatedTime;
-    BatchStats st;
+    CMoments st;
     int count = 0;
     double sumT = 0.0;
     double sumV = 0.0;
@@ -245,11 +228,11 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
         sumT += t;
         sumV += v;
         if (++count < B) continue;
-        if (st.n == INT_MAX) return IDS_BUFFER_EXCEEDED;
+        if (st.Count() == INT_MAX) return IDS_BUFFER_EXCEEDED;
         double meanT = sumT / B;
         double meanV = sumV / B;
         out.Put(meanT, meanV);
-        st.Add(meanV);
+        st.AddInSeries(meanV);
         count = 0;
         sumT = sumV = 0.0;
     }
@@ -260,8 +243,8 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
     }
     res->trailingObs = count;
     res->trailingTime = count > 0 ? lastTime - start : 0.0;
-    if (st.n < 1) return 0;
-    if (!(2.0 * st.s > 0.0)) return IDS_ZERO_DENOMINATOR;
+    if (st.Count() < 1) return 0;
+    if (!(2.0 * st.SumSqDev() > 0.0)) return IDS_ZERO_DENOMINATOR;
     StoreEstimate(st, false, res);
     res->truncUsed = truncUsed;
     res->batchUsed = B;

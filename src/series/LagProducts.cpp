@@ -1,5 +1,6 @@
 #include "series/LagProducts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -237,7 +238,9 @@ CLagProducts::Method CLagProducts::Choose(int maxLag, long count) {
     return fft < direct ? Method::Fft : Method::Direct;
 }
 
-CLagProducts::CLagProducts(int maxLag, Method method) {
+CLagProducts::CLagProducts(int maxLag, Method method) : m_lags(static_cast<std::size_t>(maxLag)) {
+    m_head.reserve(m_lags);
+    m_tail.reserve(m_lags);
     if (method == Method::Fft) {
         m_engine = std::make_unique<FftEngine>(maxLag);
     } else {
@@ -247,6 +250,34 @@ CLagProducts::CLagProducts(int maxLag, Method method) {
 
 CLagProducts::~CLagProducts() = default;
 
-void CLagProducts::Add(const double* values, std::size_t count) { m_engine->Add(values, count); }
+void CLagProducts::Add(const double* values, std::size_t count) {
+    m_engine->Add(values, count);
+    m_count += static_cast<long>(count);
+    if (m_head.size() < m_lags) m_head.insert(m_head.end(), values, values + std::min(count, m_lags - m_head.size()));
+    // Only the last L of this call can still be among the last L at the end.
+    const std::size_t keep = std::min(count, m_lags);
+    for (const double* v = values + (count - keep); v < values + count; ++v) {
+        if (m_tail.size() < m_lags) {
+            m_tail.push_back(*v);
+        } else {
+            m_tail[m_tailAt] = *v;
+            if (++m_tailAt == m_lags) m_tailAt = 0;
+        }
+    }
+}
 
-std::vector<double> CLagProducts::Finish() { return m_engine->Finish(); }
+std::vector<double> CLagProducts::Finish(double residual) {
+    std::vector<double> acc = m_engine->Finish();
+    if (residual == 0.0) return acc;
+    // head[k] and tail[k]: sums of the first and of the last k values.
+    double head = 0.0;
+    double tail = 0.0;
+    const std::size_t tailCount = m_tail.size();
+    for (std::size_t k = 1; k <= m_lags && static_cast<long>(k) < m_count; ++k) {
+        if (k <= m_head.size()) head += m_head[k - 1];
+        if (k <= tailCount) tail += m_tail[(m_tailAt + tailCount - k) % tailCount];
+        const double pairs = static_cast<double>(m_count) + static_cast<double>(k);
+        acc[k] += residual * (head + tail) - pairs * residual * residual;
+    }
+    return acc;
+}

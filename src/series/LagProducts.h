@@ -14,6 +14,11 @@
 //   convolution and correlation"). Cost about n * log2(2B), so it wins for
 //   long lag ranges. Rounding error stays below about 1e-14 of acc[0], the
 //   sum of squares.
+// A series centred on a rounded mean is off by the mean's rounding residual r
+// (its sum is n r, not 0). Finish(r) takes it out exactly, from the sums of
+// the first and last L values:
+//     sum (y[t] - r)(y[t+k] - r) = acc[k] + r (head[k] + tail[k]) - (n + k) r^2,
+// which on data with a large offset is worth several percent of a covariance.
 #pragma once
 
 #include <memory>
@@ -33,11 +38,17 @@ public:
     CLagProducts& operator=(const CLagProducts&) = delete;
 
     void Add(const double* values, std::size_t count);
-    // acc[k] for k = 0 .. L; acc[0] is left 0 by the direct method.
-    std::vector<double> Finish();
+    // acc[k] for k = 1 .. L of the values less residual; acc[0] (left 0 by the
+    // direct method) is the sum of squares of the values as given.
+    std::vector<double> Finish(double residual = 0.0);
 
     class Engine;
 
 private:
     std::unique_ptr<Engine> m_engine;
+    std::size_t m_lags;
+    long m_count = 0;
+    std::vector<double> m_head;  // the first L values
+    std::vector<double> m_tail;  // the last L values, a ring whose oldest is at m_tailAt
+    std::size_t m_tailAt = 0;
 };

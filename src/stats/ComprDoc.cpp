@@ -68,16 +68,16 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     CRecordReader readB;
     if (int rc = pair_OpenFile(readA, a.m_strPath, a.m_nTreatment)) return rc;
     if (int rc = pair_OpenFile(readB, b.m_strPath, b.m_nTreatment)) return rc;
-    CFileSample sa;
-    CFileSample sb;
-    CShiftedSums diff;
+    CExtremes sa;
+    CExtremes sb;
+    CMoments diff;
     double ta = 0.0, va = 0.0;
     double tb = 0.0, vb = 0.0;
     // An A value without a partner in B changes nothing.
     while (readA.NextObs(&ta, &va) && readB.NextObs(&tb, &vb)) {
         diff.Add(va - vb);
-        sa.AddExtremes(va);
-        sb.AddExtremes(vb);
+        sa.Add(va);
+        sb.Add(vb);
     }
     if (int rc = pair_ReadError(readA)) return rc;
     if (int rc = pair_ReadError(readB)) return rc;
@@ -85,7 +85,7 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     if (n <= 0) return IDS_NO_OBSERVATIONS;
 
     double mean = diff.Mean();
-    double variance = n >= 2 ? diff.CentredSquares() / static_cast<double>(n - 1) : 0.0;
+    double variance = n >= 2 ? diff.SumSqDev() / static_cast<double>(n - 1) : 0.0;
     if (variance < 0.0) variance = 0.0;
     double t = st_TQuantile(static_cast<int>(n - 1), m_dAlpha / 2.0);
     double hw = t * std::sqrt(variance) / std::sqrt(static_cast<double>(n));
@@ -100,20 +100,20 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
 int CComprDoc::ComputeTwoSample(const CFilePairItem& pair, PairRow& row) {
     const CMultiFileItem& a = pair.a;
     const CMultiFileItem& b = pair.b;
-    CFileSample sa;
+    CMoments sa;
     if (int rc = pair_ReadSample(a, &sa)) return rc;
-    long na = sa.sums.Count();
+    long na = sa.Count();
     if (na <= 0) return IDS_NO_OBSERVATIONS;
-    CFileSample sb;
+    CMoments sb;
     if (int rc = pair_ReadSample(b, &sb)) return rc;
-    long nb = sb.sums.Count();
+    long nb = sb.Count();
     if (nb <= 0) return IDS_NO_OBSERVATIONS;
 
     double dna = static_cast<double>(na);
     double dnb = static_cast<double>(nb);
-    double va = na >= 2 ? sa.sums.CentredSquares() / (dna - 1.0) : 0.0;
+    double va = na >= 2 ? sa.SumSqDev() / (dna - 1.0) : 0.0;
     if (va <= 0.0) va = 0.0;
-    double vb = nb >= 2 ? sb.sums.CentredSquares() / (dnb - 1.0) : 0.0;
+    double vb = nb >= 2 ? sb.SumSqDev() / (dnb - 1.0) : 0.0;
     if (vb <= 0.0) vb = 0.0;
     double wa = va / dna;
     double wb = vb / dnb;
@@ -123,11 +123,11 @@ int CComprDoc::ComputeTwoSample(const CFilePairItem& pair, PairRow& row) {
     int df = CutToInt(s * s / (wb * wb / (dnb - 1.0) + wa * wa / (dna - 1.0)));
     double se = std::sqrt(s);
     double hw = st_TQuantile(df, m_dAlpha / 2.0) * se;
-    double estimate = sa.sums.Mean() - sb.sums.Mean();
+    double estimate = sa.Mean() - sb.Mean();
     if (!st_IntervalHolds(estimate, se, estimate - hw, estimate + hw)) return IDS_INTERVAL_ERROR;
 
     StoreResults(row, estimate, se, hw);
-    row.a = {sa.min, sa.max, na};
-    row.b = {sb.min, sb.max, nb};
+    row.a = {sa.Min(), sa.Max(), na};
+    row.b = {sb.Min(), sb.Max(), nb};
     return 0;
 }

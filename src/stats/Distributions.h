@@ -11,9 +11,17 @@ double st_NormalUpperTail(double z);
 double st_NormalQuantile(double p, double tol);
 // prob = I_x(a/2, b/2); returns d prob / dx.
 double st_FUpperTail(int a, int b, double x, double* prob);
+// The finite series behind st_FUpperTail at every a and b, and the t
+// quantile refined on it alone: the references that the faster form for
+// large degrees of freedom is held to.
+double st_FTailSeries(int a, int b, double x, double* prob);
+double st_TQuantileBySeries(int df, double p);
 // x with I_x(a/2, b/2) = p; *complement, when asked for, receives 1 - x
-// with the precision of the method that gave x.
+// with the precision of the method that gave x. The second form refines on
+// the given tail function.
 double st_FBetaQuantile(int a, int b, double p, double tol, double* complement = nullptr);
+using FTail = double (*)(int a, int b, double x, double* prob);
+double st_FBetaQuantileOn(FTail tail, int a, int b, double p, double tol, double* complement);
 double st_TQuantile(int df, double p);
 double st_FQuantile(int m, int n, double p);
 // q(alpha; k1 + 1, df) from the studentized range table, or 0.0.

@@ -94,7 +94,7 @@ bool SeriesVanishes(int a, int b, double x) {
 
 }  // namespace
 
-double st_FBetaQuantile(int a, int b, double p, double tol, double* complement) {
+double st_FBetaQuantileOn(FTail tail, int a, int b, double p, double tol, double* complement) {
     double f0;
     bool exactStart = false;
     if (a > 1 && b > 1) {
@@ -115,7 +115,7 @@ double st_FBetaQuantile(int a, int b, double p, double tol, double* complement) 
         if (!exactStart) {
             for (int step = 0; step < kMaxSteps; ++step) {
                 double prob;
-                const double g = st_FUpperTail(a, b, x, &prob);
+                const double g = tail(a, b, x, &prob);
                 const double e = 2.0 * (prob - p);
                 const double d = g * g - e;
                 const double h = d > 0.0 ? e / (-g - std::sqrt(d))
@@ -138,4 +138,8 @@ double st_FBetaQuantile(int a, int b, double p, double tol, double* complement) 
     }
     if (complement) *complement = y;
     return accurate;
+}
+
+double st_FBetaQuantile(int a, int b, double p, double tol, double* complement) {
+    return st_FBetaQuantileOn(st_FUpperTail, a, b, p, tol, complement);
 }

@@ -1,16 +1,18 @@
-// Running count, sum and sum of squared deviations of a sample, with its
-// minimum and maximum.
+// The one accumulator of the analyses: count, sum and sum of squared
+// deviations of a sample, its extremes and, for a series, the sum of squared
+// steps between successive values.
 //
 // The textbook form (sum of squares - n * mean^2) cancels catastrophically
-// when the values sit on a large offset: 10^7 plus noise of size 0.1 leaves
+// when the values sit on a large offset: 10^9 plus noise of size 10^-6 leaves
 // no correct digit of the variance in double precision. Values are therefore
-// taken relative to the first one (a member of the sample, so the mean's
-// distance from it is bounded by the spread), and the sums of the differences
-// and of their squares are compensated (Knuth's two-sum and an exact fused
-// product, Ogita, Rump and Oishi 2005, "Accurate sum and dot product"), which
-// makes their error independent of the number of values. The results equal
-// the textbook formulas in exact arithmetic, and infinite or NaN data give
-// what those formulas give (an infinite mean, a NaN spread).
+// taken relative to a shift (the first finite value: a member of the sample,
+// so the mean's distance from it is bounded by the spread), and the sums of
+// the differences and of their squares are compensated (Knuth's two-sum and
+// an exact fused product, Ogita, Rump and Oishi 2005, "Accurate sum and dot
+// product"), which makes their error independent of the number of values.
+// The results are those of exact arithmetic on the stored doubles, rounded
+// once; infinite or NaN data give what the textbook formulas give (an
+// infinite mean, a NaN spread).
 #pragma once
 
 #include <cmath>
@@ -38,6 +40,9 @@ public:
     // multiply-add where it has one (the library's fma is a call per value
     // otherwise); the results are the same, fma being exact either way.
     void AddAll(const double* x, std::size_t n);
+    // Add, and the squared step from the value added before (none for the
+    // first): the successive differences of batch means.
+    void AddInSeries(double x);
     void Reset() { *this = CMoments(); }
 
     long Count() const { return m_n; }
@@ -46,12 +51,15 @@ public:
     // Sum / n; 0 for an empty sample.
     double Mean() const;
     // Mean - origin without first rounding the mean: on data with a large
-    // offset the difference of two samples' means keeps its digits.
+    // offset the difference of two means, or of the mean and a value near
+    // it, keeps its digits.
     double MeanFrom(double origin) const;
     // Sum of (x - mean)^2; never negative, NaN when the data are not finite.
     double SumSqDev() const;
     // SumSqDev / (n - 1); 0 below two values.
     double Variance() const;
+    // Sum of (x[i] - x[i - 1])^2 over the values given to AddInSeries.
+    double SumSqSteps() const;
     // Start at +1e20 and -1e20, the bounds the analyses search from.
     double Min() const { return m_min; }
     double Max() const { return m_max; }
@@ -72,4 +80,6 @@ private:
     double m_s2 = 0.0, m_c2 = 0.0;  // sum of (x - ref)^2, and its carry
     double m_min = 1e20;
     double m_max = -1e20;
+    double m_prev = 0.0;            // the last value given to AddInSeries
+    double m_d = 0.0, m_cd = 0.0;   // sum of squared steps, and its carry
 };

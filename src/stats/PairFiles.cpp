@@ -15,11 +15,11 @@ int pair_OpenFile(CRecordReader& in, const std::string& path, int treatment) {
 
 int pair_ReadError(const CRecordReader& in) { return in.PassEnd() == RecordKind::Error ? IDS_READ_ERROR : 0; }
 
-int pair_ReadSample(const CMultiFileItem& item, CFileSample* sample) {
+int pair_ReadSample(const CMultiFileItem& item, CMoments* sample) {
     CRecordReader in;
     if (int rc = pair_OpenFile(in, item.m_strPath, item.m_nTreatment)) return rc;
     // A local copy stays in registers through the loop.
-    CFileSample local = *sample;
+    CMoments local = *sample;
     double t = 0.0, v = 0.0;
     while (in.NextObs(&t, &v)) local.Add(v);
     *sample = local;

@@ -8,7 +8,7 @@
 
 #include "datafile/FileGlobals.h"
 #include "dialog/FileDialogs.h"
-#include "stats/ShiftedSums.h"
+#include "stats/Moments.h"
 
 class CRecordReader;
 
@@ -20,26 +20,20 @@ int pair_OpenFile(CRecordReader& in, const std::string& path, int treatment);
 // 15834 when a read error ended the pass, else 0.
 int pair_ReadError(const CRecordReader& in);
 
-// What a file's observations give: the sums and the extremes, which start from
-// the layer's bound as the other analyses do.
-struct CFileSample {
-    CShiftedSums sums;
+// The extremes of a file's values in a paired pass, whose sums are those of
+// the differences; they start from the layer's bound as the other analyses do.
+struct CExtremes {
     double min = BIG_VALUE;
     double max = -BIG_VALUE;
 
     void Add(double v) {
-        sums.Add(v);
-        if (v < min) min = v;
-        if (v > max) max = v;
-    }
-    void AddExtremes(double v) {
         if (v < min) min = v;
         if (v > max) max = v;
     }
 };
 
 // Reads every observation of an entry (path and treatment). 0 or a message id.
-int pair_ReadSample(const CMultiFileItem& item, CFileSample* sample);
+int pair_ReadSample(const CMultiFileItem& item, CMoments* sample);
 
 // Expands the dialog's pairs into the computed pairs. A pair whose files both
 // say "All" becomes one pair per replication, up to the smaller replication

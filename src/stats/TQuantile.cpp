@@ -12,10 +12,18 @@
 
 #include "stats/Distributions.h"
 
-double st_TQuantile(int df, double p) {
+namespace {
+
+double TQuantileOn(FTail tail, int df, double p) {
     double y;
-    const double x = st_FBetaQuantile(df, 1, 2.0 * p, kTQuantileTolerance, &y);
+    const double x = st_FBetaQuantileOn(tail, df, 1, 2.0 * p, kTQuantileTolerance, &y);
     if (x == 0.0) return kQuantileFailure;
     const double t = std::sqrt(df * y / x);
     return p > 0.5 ? -t : t;
 }
+
+}  // namespace
+
+double st_TQuantile(int df, double p) { return TQuantileOn(st_FUpperTail, df, p); }
+
+double st_TQuantileBySeries(int df, double p) { return TQuantileOn(st_FTailSeries, df, p); }

@@ -39,17 +39,17 @@ int CVarDoc::Compute() {
 int CVarDoc::ComputePair(const CFilePairItem& pair, PairRow& row) {
     const CMultiFileItem& a = pair.a;
     const CMultiFileItem& b = pair.b;
-    CFileSample sa;
+    CMoments sa;
     if (int rc = pair_ReadSample(a, &sa)) return rc;
-    long na = sa.sums.Count();
+    long na = sa.Count();
     if (na <= 0) return IDS_NO_OBSERVATIONS;
-    CFileSample sb;
+    CMoments sb;
     if (int rc = pair_ReadSample(b, &sb)) return rc;
-    long nb = sb.sums.Count();
+    long nb = sb.Count();
     if (nb <= 0) return IDS_NO_OBSERVATIONS;
 
-    double va = na >= 2 ? sa.sums.CentredSquares() / static_cast<double>(na - 1) : 0.0;
-    double vb = nb >= 2 ? sb.sums.CentredSquares() / static_cast<double>(nb - 1) : 0.0;
+    double va = na >= 2 ? sa.SumSqDev() / static_cast<double>(na - 1) : 0.0;
+    double vb = nb >= 2 ? sb.SumSqDev() / static_cast<double>(nb - 1) : 0.0;
     if (vb <= 0.0) vb = 0.0;
     // A constant B makes the ratio infinite (or NaN with a constant A too); it
     // is reported as it is.
@@ -67,7 +67,7 @@ int CVarDoc::ComputePair(const CFilePairItem& pair, PairRow& row) {
     row.lower = lower;
     row.upper = upper;
     row.computed = true;
-    row.a = {sa.min, sa.max, na};
-    row.b = {sb.min, sb.max, nb};
+    row.a = {sa.Min(), sa.Max(), na};
+    row.b = {sb.Min(), sb.Max(), nb};
     return 0;
 }

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "ExactSeries.h"
 #include "TestFiles.h"
 #include "framework/Config.h"
 #include "framework/Host.h"
@@ -213,20 +214,67 @@ TEST_F(CorrDoc, ConstantSeriesDividesByZero) {
     EXPECT_TRUE(std::isnan(run.doc->Results().lags[0].correlation));
 }
 
-// 10^7 plus noise: the plain sum of squares would cancel to nothing.
-TEST_F(CorrDoc, LargeOffsetKeepsItsDigits) {
-    std::string path = dir.Path("big.dat");
-    const double noise[] = {0.1, -0.1, 0.2, -0.2, 0.0};
-    std::vector<double> x;
-    for (int i = 0; i < 2000; ++i) x.push_back(1e7 + noise[i % 5]);
-    test_WriteDataFile(path, {}, test_Replications({Obs(x)}));
-    CorrRun run = Correlogram(path, "", 5);
-    ASSERT_EQ(run.rc, 0);
-    // Variance of the repeating pattern, divisor n: (0.01 + 0.01 + 0.04 + 0.04) / 5.
-    EXPECT_NEAR(run.doc->Results().variance, 0.02, 0.02 * 1e-6);
-    EXPECT_NEAR(run.doc->Results().mean, 1e7, 1e-6);
-    // The pattern has period 5: lag 5 brings each value back, r = (n - 5) / n.
-    EXPECT_NEAR(run.doc->Results().lags[4].correlation, 1995.0 / 2000.0, 1e-6);
+// Series offset + k * 2^-bits against exact arithmetic on the stored values,
+// by both methods. Centred on the rounded mean, the products of the first two
+// are off by several percent unless the mean's residual is taken out.
+TEST_F(CorrDoc, OffsetSeriesGiveTheExactCovariances) {
+    const struct {
+        const char* name;
+        std::int64_t offset;  // in units of 2^-bits
+        int bits;
+        std::vector<std::int64_t> ks;
+        bool isDouble;
+        int lags;
+    } cases[] = {
+        {"10^9 + noise of 2e-6", 1'000'000'000LL << 23, 23, test_IntNoise(400, 15), true, 10},
+        {"10^7 + AR(1) of 1e-3", 10'000'000LL << 29, 29, test_IntAr1(2000, 200'000), true, 20},
+        {"single precision, 10^4 + noise of 0.03", 10'000LL << 10, 10, test_IntNoise(1000, 15), false, 10},
+    };
+    for (const auto& c : cases) {
+        const double unit = test_Ulp(c.bits);
+        std::vector<double> x;
+        for (std::int64_t k : c.ks) x.push_back(static_cast<double>(c.offset + k) * unit);
+        HeaderFields h;
+        h.isDouble = c.isDouble;
+        const std::string path = dir.Path("offset.dat");
+        test_WriteDataFile(path, h, test_Replications({Obs(x)}));
+
+        // n^2 c_j = unit^2 / n sum (n k_t - K)(n k_t+j - K), in integers.
+        const i128 n = static_cast<i128>(c.ks.size());
+        i128 K = 0, K2 = 0;
+        for (std::int64_t k : c.ks) {
+            K += k;
+            K2 += static_cast<i128>(k) * k;
+        }
+        const long double dn = static_cast<long double>(c.ks.size());
+        const long double scale = static_cast<long double>(unit) * unit / (dn * dn * dn);
+        const long double variance = static_cast<long double>(n * K2 - K * K) / (dn * dn) * unit * unit;
+        std::vector<long double> cov;
+        i128 weighted = 0;
+        for (int j = 1; j <= c.lags; ++j) {
+            i128 a = 0;
+            for (std::size_t t = 0; t + j < c.ks.size(); ++t) a += (n * c.ks[t] - K) * (n * c.ks[t + j] - K);
+            cov.push_back(static_cast<long double>(a) * scale);
+            weighted += (n - j) * a;
+        }
+        const double exactWeighted = static_cast<double>(2 * static_cast<long double>(weighted) * scale / dn);
+
+        for (auto method : {CLagProducts::Method::Direct, CLagProducts::Method::Fft}) {
+            SCOPED_TRACE(std::string(c.name) + (method == CLagProducts::Method::Fft ? ", FFT" : ", direct"));
+            CCorrDlg dlg;
+            dlg.m_strFile = path;
+            dlg.m_nMaxLags = c.lags;
+            CCorrDoc doc;
+            doc.m_forceMethod = method;
+            ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+            const CorrResults& r = doc.Results();
+            const double v = static_cast<double>(variance);
+            EXPECT_NEAR(r.variance, v, v * 1e-15);
+            for (int j = 1; j <= c.lags; ++j)
+                EXPECT_NEAR(r.lags[j - 1].covariance, static_cast<double>(cov[j - 1]), v * 1e-12) << "lag " << j;
+            EXPECT_NEAR(r.weightedSum, exactWeighted, v * 1e-11);
+        }
+    }
 }
 
 TEST_F(CorrDoc, ReplicationBeyondTheFile) {

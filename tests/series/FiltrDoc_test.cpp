@@ -6,6 +6,7 @@
 
 #include <cmath>
 
+#include "ExactSeries.h"
 #include "datafile/FileGlobals.h"
 #include "framework/Messages.h"
 #include "series/FiltrFiles.h"
@@ -384,13 +385,44 @@ TEST_F(Filtr, BatchingByTimeAlwaysTruncatesByTime) {
                                                                   {3.5, 4.0}, {-1.0, -1.0}}));
 }
 
-TEST_F(Filtr, EstimateKeepsItsDigitsOnALargeOffset) {
-    // Means 1e9 + 1 .. 1e9 + 8 deviate exactly as 1..8 do: estimate 11/12.
-    std::vector<double> values;
-    for (int i = 1; i <= 8; ++i) values.push_back(1e9 + i);
-    CFiltrDoc doc;
-    ASSERT_EQ(RunBatch(doc, {File("big.dat", KIND_TALLY, TallyRecords(values)), "", "", "", "O", "1"}), 0);
-    EXPECT_NEAR(doc.Results().covEstimate, 11.0 / 12.0, 1e-12);
+// The estimate on the batch means as written, against exact arithmetic: the
+// means near 10^9 are integers q in units of 2^-23 about it, and
+// 1 - D / (2 S) = 1 - nb sum (q_j - q_j-1)^2 / (2 (nb sum q^2 - (sum q)^2)).
+TEST_F(Filtr, EstimateIsExactOnMeansWithALargeOffset) {
+    std::vector<double> steps, noisy;
+    for (int i = 1; i <= 8; ++i) steps.push_back(1e9 + i);
+    for (std::int64_t k : test_IntNoise(400, 15)) noisy.push_back(1e9 + static_cast<double>(k) * test_Ulp(23));
+    const struct {
+        const char* name;
+        std::vector<double> values;
+        const char* batch;
+    } cases[] = {
+        {"means 10^9 + 1 .. 8 (11/12 by hand)", steps, "1"},
+        {"10^9 + noise of 2e-6 in batches of 20", noisy, "20"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        CFiltrDoc doc;
+        ASSERT_EQ(RunBatch(doc, {File("big.dat", KIND_TALLY, TallyRecords(c.values)), "", "", "", "O", c.batch,
+                                 Out("big.flt")}),
+                  0);
+        std::vector<std::int64_t> q;
+        for (const Pair& p : ReadRecords(Out("big.flt"))) {
+            if (p.t < 0) continue;
+            const double units = (p.v - 1e9) / test_Ulp(23);
+            ASSERT_EQ(units, std::floor(units));
+            q.push_back(static_cast<std::int64_t>(units));
+        }
+        const i128 nb = static_cast<i128>(q.size());
+        i128 sum = 0, squares = 0, d = 0;
+        for (std::size_t j = 0; j < q.size(); ++j) {
+            sum += q[j];
+            squares += static_cast<i128>(q[j]) * q[j];
+            if (j > 0) d += static_cast<i128>(q[j] - q[j - 1]) * (q[j] - q[j - 1]);
+        }
+        const long double exact = 1.0L - static_cast<long double>(nb * d) / (2.0L * static_cast<long double>(nb * squares - sum * sum));
+        EXPECT_NEAR(doc.Results().covEstimate, static_cast<double>(exact), 1e-13);
+    }
 }
 
 TEST_F(Filtr, FileWithoutEndMarkerIsBatchedToItsEnd) {

@@ -1,127 +1,106 @@
-// The accumulator against exact references: the test data are binary
-// fractions k / 1024 on a large offset, so every value is exact in a double
-// and the true sums are exact integers (in 128 bits) scaled by 1024.
+// The accumulator against exact arithmetic: the data are integers X scaled by
+// 2^-bits (exact in a double), so the true sums are integers in 128 bits.
+#include "stats/Moments.h"
+
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <vector>
 
-#include "stats/Moments.h"
+#include "ExactSeries.h"
 
 namespace {
 
-using i128 = __int128;
-
 struct Exact {
-    long double mean;
-    long double sumSqDev;
+    long double sum = 0, sumOfSquares = 0, mean = 0, meanFromFirst = 0, sumSqDev = 0, sumSqSteps = 0;
 };
 
-// Values are X / 1024 for the integers X.
-Exact ExactMoments(const std::vector<std::int64_t>& xs) {
-    i128 s = 0, s2 = 0;
-    for (std::int64_t x : xs) {
-        s += x;
-        s2 += static_cast<i128>(x) * x;
-    }
+Exact ExactOf(const std::vector<std::int64_t>& xs, int bits) {
+    Exact e;
+    if (xs.empty()) return e;
+    const long double unit = test_Ulp(bits);
     const i128 n = static_cast<i128>(xs.size());
-    const i128 numerator = n * s2 - s * s;  // n^2 * 1024^2 * sum of squared deviations
-    return {static_cast<long double>(s) / (1024.0L * xs.size()),
-            static_cast<long double>(numerator) / (static_cast<long double>(n) * 1048576.0L)};
-}
-
-CMoments Accumulate(const std::vector<std::int64_t>& xs) {
-    CMoments m;
-    for (std::int64_t x : xs) m.Add(static_cast<double>(x) / 1024.0);
-    return m;
-}
-
-// A small deterministic generator, so the noise is the same on every machine.
-std::vector<std::int64_t> OffsetNoise(std::int64_t offset, int n, int spread, std::int64_t drift = 0) {
-    std::vector<std::int64_t> xs;
-    std::uint64_t state = 88172645463325252ULL;
-    for (int i = 0; i < n; ++i) {
-        state ^= state << 13;
-        state ^= state >> 7;
-        state ^= state << 17;
-        xs.push_back(offset + drift * i + static_cast<std::int64_t>(state % (2 * spread + 1)) - spread);
+    // The deviations d are taken about the first value, so that n * sum d^2
+    // stays within 128 bits.
+    i128 s = 0, s2 = 0, ds = 0, ds2 = 0, steps = 0;
+    for (std::size_t i = 0; i < xs.size(); ++i) {
+        const i128 x = xs[i];
+        const i128 d = x - xs[0];
+        s += x;
+        s2 += x * x;
+        ds += d;
+        ds2 += d * d;
+        if (i > 0) steps += (x - xs[i - 1]) * (x - xs[i - 1]);
     }
-    return xs;
+    const long double count = static_cast<long double>(xs.size());
+    e.sum = static_cast<long double>(s) * unit;
+    e.sumOfSquares = static_cast<long double>(s2) * unit * unit;
+    e.mean = static_cast<long double>(s) / count * unit;
+    e.meanFromFirst = static_cast<long double>(ds) / count * unit;
+    e.sumSqDev = static_cast<long double>(n * ds2 - ds * ds) / count * unit * unit;
+    e.sumSqSteps = static_cast<long double>(steps) * unit * unit;
+    return e;
 }
 
-void ExpectMatches(const std::vector<std::int64_t>& xs, double relTolerance) {
-    const Exact e = ExactMoments(xs);
-    const CMoments m = Accumulate(xs);
-    EXPECT_EQ(m.Count(), static_cast<long>(xs.size()));
-    EXPECT_NEAR(m.Mean(), static_cast<double>(e.mean), std::fabs(static_cast<double>(e.mean)) * 2.3e-16);
-    EXPECT_NEAR(m.SumSqDev(), static_cast<double>(e.sumSqDev), static_cast<double>(e.sumSqDev) * relTolerance);
-    const long double variance = e.sumSqDev / (xs.size() - 1);
-    EXPECT_NEAR(m.Variance(), static_cast<double>(variance), static_cast<double>(variance) * relTolerance);
+std::vector<std::int64_t> Plus(std::int64_t offset, std::vector<std::int64_t> ks, std::int64_t drift = 0) {
+    for (std::size_t i = 0; i < ks.size(); ++i) ks[i] += offset + drift * static_cast<std::int64_t>(i);
+    return ks;
 }
 
-TEST(Moments, LargeOffsetWithSmallNoiseKeepsDigits) {
-    // 10^7 plus noise of about +-0.1 (k / 1024 with |k| <= 100).
-    const std::vector<std::int64_t> xs = OffsetNoise(10'000'000LL * 1024, 200'000, 100);
-    ExpectMatches(xs, 1e-12);
+::testing::AssertionResult Near(double got, long double exact, double rel) {
+    const double want = static_cast<double>(exact);
+    if (std::fabs(got - want) <= std::fabs(want) * rel) return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << got << " against exact " << want;
+}
 
-    // The data are hard: the textbook formula in double precision has no
-    // correct digit left here.
-    double s = 0, s2 = 0;
-    for (std::int64_t x : xs) {
-        const double v = static_cast<double>(x) / 1024.0;
-        s += v;
-        s2 += v * v;
+TEST(Moments, EqualExactArithmeticOnTheStoredValues) {
+    std::vector<std::int64_t> outlierFirst = Plus(5'000'000LL * 1024, test_IntNoise(50'000, 25));
+    outlierFirst.insert(outlierFirst.begin(), 1'005'000'000LL * 1024);
+    const struct {
+        const char* name;
+        std::vector<std::int64_t> xs;
+        int bits;
+    } cases[] = {
+        // The plain sums of x and x^2 keep no digit of the spread on these two.
+        {"10^9 + noise of 10^-6", Plus(1'000'000'000LL << 23, test_IntNoise(200'000, 8)), 23},
+        {"10^7 + noise of 0.1", Plus(10'000'000LL * 1024, test_IntNoise(200'000, 50)), 10},
+        {"first value 10^9 from the rest", outlierFirst, 10},
+        {"drift", Plus(-3'000'000LL * 1024, test_IntNoise(100'000, 250), 37), 10},
+        {"4 2 5 1 3", {4, 2, 5, 1, 3}, 0},
+        {"constant", std::vector<std::int64_t>(1000, 987654321), 3},
+        {"one value", {-15}, 1},
+        {"none", {}, 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const double unit = test_Ulp(c.bits);
+        std::vector<double> values;
+        for (std::int64_t x : c.xs) values.push_back(static_cast<double>(x) * unit);
+        CMoments series, block;
+        for (double x : values) series.AddInSeries(x);
+        block.AddAll(values.data(), values.size());
+        const Exact e = ExactOf(c.xs, c.bits);
+        const long n = static_cast<long>(values.size());
+
+        for (const CMoments* m : {&series, &block}) {
+            EXPECT_EQ(m->Count(), n);
+            EXPECT_TRUE(Near(m->Sum(), e.sum, 2.3e-16));
+            // Rebuilt from the shifted sums in extended precision: a few units
+            // in the last place when the shift is far from the mean.
+            EXPECT_TRUE(Near(m->SumOfSquares(), e.sumOfSquares, 2e-15));
+            EXPECT_TRUE(Near(m->Mean(), e.mean, 2.3e-16));
+            EXPECT_TRUE(Near(m->SumSqDev(), e.sumSqDev, 4.5e-16));
+            EXPECT_TRUE(Near(m->Variance(), n < 2 ? 0.0L : e.sumSqDev / (n - 1), 4.5e-16));
+            EXPECT_EQ(m->Min(), n ? *std::min_element(values.begin(), values.end()) : 1e20);
+            EXPECT_EQ(m->Max(), n ? *std::max_element(values.begin(), values.end()) : -1e20);
+        }
+        EXPECT_TRUE(Near(series.SumSqSteps(), e.sumSqSteps, 2.3e-16));
+        if (n > 0) {
+            EXPECT_TRUE(Near(series.MeanFrom(values[0]), e.meanFromFirst, 2.3e-16));
+        }
     }
-    const double n = static_cast<double>(xs.size());
-    const double naive = s2 - s * s / n;
-    const double exact = static_cast<double>(ExactMoments(xs).sumSqDev);
-    EXPECT_GT(std::fabs(naive - exact), 0.1 * exact);
-}
-
-TEST(Moments, FirstValueFarFromTheRest) {
-    // The reference value is an outlier 10^9 away from a noisy cluster.
-    std::vector<std::int64_t> xs = OffsetNoise(5'000'000LL * 1024, 50'000, 100);
-    xs.insert(xs.begin(), 1'005'000'000LL * 1024);
-    ExpectMatches(xs, 1e-9);
-}
-
-TEST(Moments, DriftingSeries) {
-    ExpectMatches(OffsetNoise(-3'000'000LL * 1024, 100'000, 500, 37), 1e-12);
-}
-
-TEST(Moments, SmallSamples) {
-    CMoments empty;
-    EXPECT_EQ(empty.Count(), 0);
-    EXPECT_EQ(empty.Mean(), 0.0);
-    EXPECT_EQ(empty.Variance(), 0.0);
-    EXPECT_EQ(empty.SumSqDev(), 0.0);
-    EXPECT_EQ(empty.Min(), 1e20);
-    EXPECT_EQ(empty.Max(), -1e20);
-
-    CMoments one;
-    one.Add(-7.5);
-    EXPECT_EQ(one.Mean(), -7.5);
-    EXPECT_EQ(one.Variance(), 0.0);
-    EXPECT_EQ(one.Sum(), -7.5);
-    EXPECT_EQ(one.SumOfSquares(), 56.25);
-    EXPECT_EQ(one.Min(), -7.5);
-    EXPECT_EQ(one.Max(), -7.5);
-
-    // 1..5: mean 3, squared deviations 4 + 1 + 0 + 1 + 4 = 10, variance 2.5.
-    CMoments five;
-    for (double x : {4.0, 2.0, 5.0, 1.0, 3.0}) five.Add(x);
-    EXPECT_EQ(five.Sum(), 15.0);
-    EXPECT_EQ(five.SumOfSquares(), 55.0);
-    EXPECT_EQ(five.Mean(), 3.0);
-    EXPECT_EQ(five.SumSqDev(), 10.0);
-    EXPECT_EQ(five.Variance(), 2.5);
-    EXPECT_EQ(five.Min(), 1.0);
-    EXPECT_EQ(five.Max(), 5.0);
-
-    five.Reset();
-    EXPECT_EQ(five.Count(), 0);
-    EXPECT_EQ(five.Max(), -1e20);
 }
 
 TEST(Moments, InfiniteDataGiveWhatThePlainSumsGive) {
@@ -141,14 +120,6 @@ TEST(Moments, InfiniteDataGiveWhatThePlainSumsGive) {
     CMoments both;
     for (double x : {1.0, HUGE_VAL, -HUGE_VAL}) both.Add(x);
     EXPECT_TRUE(std::isnan(both.Mean()));
-}
-
-TEST(Moments, ConstantSeriesHasNoSpread) {
-    CMoments m;
-    for (int i = 0; i < 1000; ++i) m.Add(123456789.123);
-    EXPECT_EQ(m.SumSqDev(), 0.0);
-    EXPECT_EQ(m.Variance(), 0.0);
-    EXPECT_EQ(m.Mean(), 123456789.123);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
+#include <string>
 
 #include "stats/Distributions.h"
 
@@ -77,6 +79,40 @@ TEST(TQuantile, ApproachesNormal) {
         previous = t;
     }
     EXPECT_NEAR(previous, z, 3e-4);
+}
+
+// From 10^4 degrees of freedom the tail behind the quantile comes from the
+// incomplete beta function instead of the series of df/2 terms. Interval
+// half-widths print t s / sqrt(n) with "%10.3g": over a grid of df up to 10^7
+// both quantiles print alike at scales spread over the mantissa. At 10^8 a
+// series quantile costs seconds; there the series tail at the quantile bounds
+// how far the series' own root can lie (|tail - 2p| / density, in x).
+std::string Printed(double v) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%10.3g", v);
+    return text;
+}
+
+void ExpectSamePrinted(int df, double t, double reference, const char* what) {
+    EXPECT_NEAR(t, reference, 1e-8 * reference) << what << " df " << df;
+    for (double scale : {1.0, 1.2345, 3.14159, 9.995, 0.00777})
+        EXPECT_EQ(Printed(scale * t), Printed(scale * reference)) << what << " df " << df;
+}
+
+TEST(TQuantile, LargeDegreesPrintAsTheSeries) {
+    for (int df : {9999, 10000, 30001, 100000, 1000001})
+        for (double p : {0.05, 0.025, 0.005, 0.0005})
+            ExpectSamePrinted(df, st_TQuantile(df, p), st_TQuantileBySeries(df, p), "series");
+    ExpectSamePrinted(9999999, st_TQuantile(9999999, 0.025), st_TQuantileBySeries(9999999, 0.025), "series");
+    const int df = 100000000;
+    const double p = 0.025;
+    const double t = st_TQuantile(df, p);
+    const double x = df / (df + t * t);
+    double tail;
+    const double density = st_FTailSeries(df, 1, x, &tail);
+    const double shift = std::fabs(tail - 2.0 * p) / density;
+    for (double root : {x + shift, x - shift})
+        ExpectSamePrinted(df, t, std::sqrt(df * (1.0 - root) / root), "series root");
 }
 
 }  // namespace
