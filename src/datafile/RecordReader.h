@@ -129,6 +129,26 @@ public:
         *v = r.v;
         return r.ok;
     }
+    // Observations of the pass in bulk: the run of observations ahead in the
+    // block, up to max, into values (and times unless null), in one tight
+    // loop; where none is ahead (a marker, the block's end) one through
+    // NextObs. 0 once the pass has ended.
+    std::size_t NextObsRun(double* times, double* values, std::size_t max) {
+        std::size_t n = 0;
+        if (m_plain) {
+            if (m_isDouble)
+                n = times ? TakeRun<double, true>(times, values, max) : TakeRun<double, false>(times, values, max);
+            else
+                n = times ? TakeRun<float, true>(times, values, max) : TakeRun<float, false>(times, values, max);
+        }
+        if (n > 0) [[likely]]
+            return n;
+        double t, v;
+        if (!NextObs(&t, &v)) return 0;
+        if (times) times[0] = t;
+        values[0] = v;
+        return 1;
+    }
     // Reads the rest of the pass.
     void SkipPass();
     // Back to the pass's first record, the pass open again.
@@ -194,6 +214,25 @@ private:
             *v = rec[1];
         }
         return true;
+    }
+
+    // The observations (time not below 0) ahead in the block, up to max.
+    template <typename F, bool withTimes>
+    std::size_t TakeRun(double* times, double* values, std::size_t max) {
+        constexpr std::size_t kRec = 2 * sizeof(F);
+        const std::size_t held = static_cast<std::size_t>(m_lim - m_cur) / kRec;
+        const std::size_t limit = held < max ? held : max;
+        const char* p = m_cur;
+        std::size_t i = 0;
+        for (; i < limit; ++i, p += kRec) {
+            F rec[2];
+            std::memcpy(rec, p, sizeof rec);
+            if (!(rec[0] >= 0)) break;
+            if constexpr (withTimes) times[i] = rec[0];
+            values[i] = rec[1];
+        }
+        m_cur = p;
+        return i;
     }
 
     Raw ReadSlow();

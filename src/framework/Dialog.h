@@ -24,6 +24,11 @@ enum class DlgControl {
     EndTime,
     MinValue,
     MaxValue,
+    CellStart,     // Histogram: the first cell's lower bound, the width, the count
+    CellWidth,
+    CellCount,
+    Window,        // Moving average: the window and the method
+    Method,
 };
 
 // One of a dialog's own controls, for a host that lays the dialog out: the

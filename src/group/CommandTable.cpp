@@ -16,6 +16,10 @@
 #include "series/StdIntrvlDoc.h"
 #include "stats/ComprDoc.h"
 #include "stats/ComprTextView.h"
+#include "stats/HistDlg.h"
+#include "stats/HistDoc.h"
+#include "stats/HistTextView.h"
+#include "stats/HistView.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/IntrvlDoc.h"
 #include "stats/IntrvlTextView.h"
@@ -48,7 +52,8 @@ const GroupCommand kCommands[] = {
     {"g_OnExport", "Export", 16392, 16029, "dax", "CExprtDoc", "CExprtView", kSingle, {}},
     {"g_OnFilter", "BatchTruncate", 16395, 16030, "flt", "CFiltrDoc", "CFiltrView", kSingle,
      grp_Analysis<CFiltrDlg, CFiltrDoc, CFiltrView>(grp_OutputField<CFiltrDlg, &CFiltrDlg::m_strOutFile>)},
-    {"g_OnHistogram", "Histogram", 16384, 16033, nullptr, "CHistDoc", "CHistView", kSplit, {}},
+    {"g_OnHistogram", "Histogram", 16384, 16033, nullptr, "CHistDoc", "CHistView", kSplit,
+     grp_Analysis<CHistDlg, CHistDoc, CHistView, CHistTextView>()},
     {"g_OnImport", "Import", 16396, 16034, "dat", "CImprtDoc", "CImprtView", kSingle, {}},
     {"g_OnInterval", "Intervals", 16385, 16021, nullptr, "CIntrvlDoc", "CIntrvlView", kSplit,
      grp_Analysis<CIntrvlDlg, CIntrvlDoc, CIntrvlView, CIntrvlTextView>()},

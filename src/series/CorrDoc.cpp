@@ -74,17 +74,8 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
     // the memory to the products' own (the transform's blocks), whatever n.
     CMoments sums;
     double chunk[kFeed];
-    std::size_t filled = 0;
-    double t = 0.0, v = 0.0;
     in.BeginPass(treatment);
-    while (in.NextObs(&t, &v)) {
-        chunk[filled++] = v;
-        if (filled == kFeed) {
-            sums.AddAll(chunk, filled);
-            filled = 0;
-        }
-    }
-    sums.AddAll(chunk, filled);
+    while (const std::size_t got = in.NextObsRun(nullptr, chunk, kFeed)) sums.AddAll(chunk, got);
     if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
     const long n = sums.Count();
     if (n <= lags) return 15831;
@@ -97,17 +88,11 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
 
     in.RewindPass();
     CLagProducts products(lags, m_forceMethod ? *m_forceMethod : CLagProducts::Choose(lags, n));
-    double* feed = chunk;
-    std::size_t fed = 0;
-    while (in.NextObs(&t, &v)) {
-        feed[fed++] = v - mean;
-        if (fed == kFeed) {
-            products.Add(feed, fed);
-            fed = 0;
-        }
+    while (const std::size_t got = in.NextObsRun(nullptr, chunk, kFeed)) {
+        for (std::size_t i = 0; i < got; ++i) chunk[i] -= mean;
+        products.Add(chunk, got);
     }
     if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
-    products.Add(feed, fed);
     std::vector<double> acc = products.Finish(residual);
 
     double weighted = 0.0;

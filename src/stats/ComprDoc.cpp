@@ -71,15 +71,30 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     CExtremes sa;
     CExtremes sb;
     CMoments diff;
-    double ta = 0.0, va = 0.0;
-    double tb = 0.0, vb = 0.0;
-    // An A value without a partner in B changes nothing.
-    while (readA.NextObs(&ta, &va) && readB.NextObs(&tb, &vb)) {
-        diff.Add(va - vb);
-        sa.Add(va);
-        sb.Add(vb);
+    // An A value without a partner in B changes nothing. A is read ahead of
+    // B by up to a chunk; once B has ended first, what A met after the value
+    // that found no partner (a read error included) is none of the pair's.
+    constexpr std::size_t kChunk = 4096;
+    double va[kChunk], vb[kChunk];
+    bool aEndedFirst = false;
+    for (;;) {
+        const std::size_t na = pair_Fill(readA, va, kChunk);
+        const std::size_t nb = pair_Fill(readB, vb, na);
+        for (std::size_t i = 0; i < nb; ++i) {
+            sa.Add(va[i]);
+            sb.Add(vb[i]);
+            va[i] -= vb[i];
+        }
+        diff.AddAll(va, nb);
+        if (nb < na) break;
+        if (na < kChunk) {
+            aEndedFirst = true;
+            break;
+        }
     }
-    if (int rc = pair_ReadError(readA)) return rc;
+    if (aEndedFirst) {
+        if (int rc = pair_ReadError(readA)) return rc;
+    }
     if (int rc = pair_ReadError(readB)) return rc;
     long n = diff.Count();
     if (n <= 0) return IDS_NO_OBSERVATIONS;

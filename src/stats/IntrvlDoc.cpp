@@ -75,21 +75,17 @@ int CIntrvlDoc::ComputeRow(CRecordReader& in, IntervalRow& row, double alpha) {
     // refuses such files, so n is a plain count in practice.
     const bool timeWeighted = op_IsTimePersistent(in.Kind());
     CMoments sample;
-    double n = 0.0, previousTime = 0.0, time = 0.0, value = 0.0;
-    double chunk[kChunk];
-    std::size_t held = 0;
-    while (in.NextObs(&time, &value)) {
-        chunk[held++] = value;
-        if (held == kChunk) {
-            sample.AddAll(chunk, held);
-            held = 0;
-        }
+    double n = 0.0, previousTime = 0.0;
+    double times[kChunk], values[kChunk];
+    while (const std::size_t got = in.NextObsRun(timeWeighted ? times : nullptr, values, kChunk)) {
+        sample.AddAll(values, got);
         if (timeWeighted) {
-            n += time - previousTime;
-            previousTime = time;
+            for (std::size_t i = 0; i < got; ++i) {
+                n += times[i] - previousTime;
+                previousTime = times[i];
+            }
         }
     }
-    sample.AddAll(chunk, held);
     if (!timeWeighted) n = static_cast<double>(sample.Count());
     if (!(n > 0.0)) return IDS_NO_OBSERVATIONS;
 

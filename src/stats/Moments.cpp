@@ -1,5 +1,7 @@
 #include "stats/Moments.h"
 
+#include <cstring>
+
 // The totals are combined in extended precision where the platform has it;
 // the compensated sums already hold them to about twice double precision.
 // Once a sum is infinite its carry is NaN and means nothing.
@@ -41,35 +43,108 @@ long double SquaredDeviations(long n, double a1, double b1, double a2, double b2
 }  // namespace
 
 #if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
-#define OPROC_FMA_DISPATCH 1
+#define OPROC_LANES 1
+#include <immintrin.h>
 
 namespace {
 
-// The same loop compiled for processors with FMA; the state is a local copy
-// so that it stays in registers.
-__attribute__((target("fma"))) void AddAllFused(CMoments& m, const double* x, std::size_t n) {
-    CMoments local = m;
-    for (std::size_t i = 0; i < n; ++i) local.Add(x[i]);
-    m = local;
+// Four interleaved sums (value i goes to lane i mod 4) with their extremes:
+// the same compensated sums as Add, four at a time. Their totals differ from
+// one running sum only far below the last bit of a double, which is why the
+// order of the terms does not show in any result.
+struct LaneTotals {
+    double s1[4], c1[4], s2[4], c2[4], min[4], max[4];
+};
+
+typedef double V4 __attribute__((vector_size(32)));
+
+__attribute__((target("avx2,fma"))) void SumLanes(const double* x, std::size_t n, double ref, LaneTotals* out) {
+    const V4 shift = {ref, ref, ref, ref};
+    V4 s1 = {}, c1 = {}, s2 = {}, c2 = {};
+    V4 lo = {HUGE_VAL, HUGE_VAL, HUGE_VAL, HUGE_VAL};
+    V4 hi = -lo;
+    for (std::size_t i = 0; i + 4 <= n; i += 4) {
+        V4 v;
+        std::memcpy(&v, x + i, sizeof v);
+        const V4 d = v - shift;
+        V4 t = s1 + d;
+        V4 back = t - s1;
+        c1 += (s1 - (t - back)) + (d - back);
+        s1 = t;
+        const V4 square = d * d;
+        t = s2 + square;
+        back = t - s2;
+        c2 += (s2 - (t - back)) + (square - back);
+        s2 = t;
+        c2 += V4(_mm256_fmsub_pd(__m256d(d), __m256d(d), __m256d(square)));
+        lo = v < lo ? v : lo;
+        hi = v > hi ? v : hi;
+    }
+    std::memcpy(out->s1, &s1, sizeof s1);
+    std::memcpy(out->c1, &c1, sizeof c1);
+    std::memcpy(out->s2, &s2, sizeof s2);
+    std::memcpy(out->c2, &c2, sizeof c2);
+    std::memcpy(out->min, &lo, sizeof lo);
+    std::memcpy(out->max, &hi, sizeof hi);
 }
 
-bool HasFma() {
-    static const bool has = __builtin_cpu_supports("fma");
+bool HasLanes() {
+    static const bool has = __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
     return has;
+}
+
+// The first of the values equal to the least (or, with greater, the
+// greatest) in order: what a running minimum keeps, signed zero included.
+template <bool greater>
+double FirstExtreme(const double* x, std::size_t n) {
+    double e = greater ? -HUGE_VAL : HUGE_VAL;
+    for (std::size_t i = 0; i < n; ++i)
+        if (greater ? x[i] > e : x[i] < e) e = x[i];
+    return e;
+}
+
+// Of the lanes' extremes, the one a running extreme over the values would
+// keep. They differ only when they are zeros of both signs, and then the
+// values tell which came first.
+template <bool greater>
+double MergeExtremes(const double* lanes, const double* x, std::size_t n) {
+    double e = lanes[0];
+    for (int k = 1; k < 4; ++k)
+        if (greater ? lanes[k] > e : lanes[k] < e) e = lanes[k];
+    if (e != 0.0) return e;
+    for (int k = 0; k < 4; ++k)
+        if (lanes[k] == 0.0 && std::signbit(lanes[k]) != std::signbit(e)) return FirstExtreme<greater>(x, n);
+    return e;
 }
 
 }  // namespace
 #endif
 
 void CMoments::AddAll(const double* x, std::size_t n) {
-#ifdef OPROC_FMA_DISPATCH
-    if (HasFma()) {
-        AddAllFused(*this, x, n);
-        return;
+    std::size_t i = 0;
+    // Values up to the first finite one, which becomes the shift.
+    while (i < n && !m_hasRef) Add(x[i++]);
+#ifdef OPROC_LANES
+    const std::size_t whole = (n - i) & ~std::size_t{3};
+    if (whole >= 64 && HasLanes()) {
+        LaneTotals lanes;
+        SumLanes(x + i, whole, m_ref, &lanes);
+        for (int k = 0; k < 4; ++k) {
+            TwoSum(m_s1, m_c1, lanes.s1[k]);
+            m_c1 += lanes.c1[k];
+            TwoSum(m_s2, m_c2, lanes.s2[k]);
+            m_c2 += lanes.c2[k];
+        }
+        const double low = MergeExtremes<false>(lanes.min, x + i, whole);
+        const double high = MergeExtremes<true>(lanes.max, x + i, whole);
+        if (low < m_min) m_min = low;
+        if (high > m_max) m_max = high;
+        m_n += static_cast<long>(whole);
+        i += whole;
     }
 #endif
     CMoments local = *this;
-    for (std::size_t i = 0; i < n; ++i) local.Add(x[i]);
+    for (; i < n; ++i) local.Add(x[i]);
     *this = local;
 }
 

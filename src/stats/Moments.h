@@ -36,9 +36,10 @@ public:
         if (x < m_min) m_min = x;
         if (x > m_max) m_max = x;
     }
-    // Add for each value in order. The loop runs on the processor's fused
-    // multiply-add where it has one (the library's fma is a call per value
-    // otherwise); the results are the same, fma being exact either way.
+    // Add for each value, four at a time in vector registers where the
+    // processor has them (AVX2 and FMA). The compensated sums hold their
+    // totals far below the last bit of a double in either order, so the
+    // results are the same; the extremes are those a running one keeps.
     void AddAll(const double* x, std::size_t n);
     // Add, and the squared step from the value added before (none for the
     // first): the successive differences of batch means.

@@ -1,5 +1,7 @@
 #include "stats/PairFiles.h"
 
+#include <iterator>
+
 #include "datafile/DataFile.h"
 #include "datafile/RecordReader.h"
 #include "framework/Messages.h"
@@ -15,14 +17,21 @@ int pair_OpenFile(CRecordReader& in, const std::string& path, int treatment) {
 
 int pair_ReadError(const CRecordReader& in) { return in.PassEnd() == RecordKind::Error ? IDS_READ_ERROR : 0; }
 
+std::size_t pair_Fill(CRecordReader& in, double* values, std::size_t max) {
+    std::size_t n = 0;
+    while (n < max) {
+        const std::size_t got = in.NextObsRun(nullptr, values + n, max - n);
+        if (got == 0) break;
+        n += got;
+    }
+    return n;
+}
+
 int pair_ReadSample(const CMultiFileItem& item, CMoments* sample) {
     CRecordReader in;
     if (int rc = pair_OpenFile(in, item.m_strPath, item.m_nTreatment)) return rc;
-    // A local copy stays in registers through the loop.
-    CMoments local = *sample;
-    double t = 0.0, v = 0.0;
-    while (in.NextObs(&t, &v)) local.Add(v);
-    *sample = local;
+    double values[4096];
+    while (const std::size_t got = in.NextObsRun(nullptr, values, std::size(values))) sample->AddAll(values, got);
     return pair_ReadError(in);
 }
 

@@ -32,6 +32,10 @@ struct CExtremes {
     }
 };
 
+// Reads observations of the pass into values until max or the pass's end;
+// their count.
+std::size_t pair_Fill(CRecordReader& in, double* values, std::size_t max);
+
 // Reads every observation of an entry (path and treatment). 0 or a message id.
 int pair_ReadSample(const CMultiFileItem& item, CMoments* sample);
 

@@ -11,18 +11,8 @@
 
 int CSdIntDoc::ComputeRow(CRecordReader& in, IntervalRow& row, double alpha) {
     CMoments sample;
-    double time = 0.0, value = 0.0;
-    // Values go to the sums a block at a time.
-    double chunk[4096];
-    std::size_t held = 0;
-    while (in.NextObs(&time, &value)) {
-        chunk[held++] = value;
-        if (held == std::size(chunk)) {
-            sample.AddAll(chunk, held);
-            held = 0;
-        }
-    }
-    sample.AddAll(chunk, held);
+    double values[4096];
+    while (const std::size_t got = in.NextObsRun(nullptr, values, std::size(values))) sample.AddAll(values, got);
     const long n = sample.Count();
     if (n == 0) return IDS_NO_OBSERVATIONS;
 

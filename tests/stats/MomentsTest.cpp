@@ -122,4 +122,24 @@ TEST(Moments, InfiniteDataGiveWhatThePlainSumsGive) {
     EXPECT_TRUE(std::isnan(both.Mean()));
 }
 
+// A running minimum keeps the first of equal values: of zeros of both signs
+// the first one, wherever the values fall in the blocks of AddAll.
+TEST(Moments, ExtremesAreThoseARunningOneKeeps) {
+    for (int at : {0, 4, 5, 64, 97}) {
+        for (bool negativeFirst : {false, true}) {
+            std::vector<double> x(100, 1.0);
+            for (std::size_t i = 0; i < x.size(); ++i) x[i] = -1.0 - static_cast<double>(i % 7);
+            x[at] = x[at + 1] = 0.0;
+            x[negativeFirst ? at : at + 1] = -0.0;
+            std::vector<double> negated(x);
+            for (double& v : negated) v = -v;  // the zeros swap sign too
+            CMoments m, n;
+            m.AddAll(x.data(), x.size());
+            n.AddAll(negated.data(), negated.size());
+            EXPECT_EQ(std::signbit(m.Max()), negativeFirst) << at;
+            EXPECT_EQ(std::signbit(n.Min()), !negativeFirst) << at;
+        }
+    }
+}
+
 }  // namespace

@@ -1,0 +1,73 @@
+#include "series/MovingAverage.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+// Neumaier's compensated sum: s + c carries the exact sum's digits.
+struct CompensatedSum {
+    double s = 0.0;
+    double c = 0.0;
+
+    void Add(double x) {
+        const double t = s + x;
+        if (std::fabs(s) >= std::fabs(x))
+            c += (s - t) + x;
+        else
+            c += (x - t) + s;
+        s = t;
+    }
+    double Value() const { return s + c; }
+};
+
+}  // namespace
+
+std::vector<double> move_Smooth(const std::vector<double>& y, int window, MoveMethod method) {
+    std::vector<double> out;
+    const long n = static_cast<long>(y.size());
+    const long w = window;
+    if (w < 1 || n <= w) return out;
+    out.reserve(static_cast<std::size_t>(method == MOVE_TRAILING ? n - w + 1 : n - w));
+    CompensatedSum sum;
+    // The window holds y[lo] .. y[hi - 1] (0-based).
+    long lo = 0, hi = 0;
+    auto slide = [&](long newLo, long newHi) {
+        while (hi < newHi) sum.Add(y[static_cast<std::size_t>(hi++)]);
+        while (lo < newLo) sum.Add(-y[static_cast<std::size_t>(lo++)]);
+        return sum.Value() / static_cast<double>(hi - lo);
+    };
+    if (method == MOVE_TRAILING) {
+        for (long i = w; i <= n; ++i) out.push_back(slide(i - w, i));
+    } else {
+        for (long i = 1; i <= n - w; ++i) out.push_back(i <= w ? slide(0, 2 * i - 1) : slide(i - w - 1, i + w));
+    }
+    return out;
+}
+
+ForecastErrors move_ForecastErrors(const std::vector<double>& y, const std::vector<double>& trailing, int window) {
+    ForecastErrors e;
+    CompensatedSum abs, sq, pct;
+    bool zero = false;
+    // trailing[k] = M(w + k) forecasts y(w + k + 1), 0-based y[w + k].
+    for (std::size_t k = 0; k + 1 < trailing.size(); ++k) {
+        const double actual = y[static_cast<std::size_t>(window) + k];
+        const double err = actual - trailing[k];
+        abs.Add(std::fabs(err));
+        sq.Add(err * err);
+        if (actual == 0.0)
+            zero = true;
+        else
+            pct.Add(std::fabs(err / actual));
+        ++e.count;
+    }
+    if (e.count == 0) {
+        e.mad = e.mse = e.mape = std::numeric_limits<double>::quiet_NaN();
+        return e;
+    }
+    const double n = static_cast<double>(e.count);
+    e.mad = abs.Value() / n;
+    e.mse = sq.Value() / n;
+    e.mape = zero ? std::numeric_limits<double>::quiet_NaN() : 100.0 * pct.Value() / n;
+    return e;
+}
