@@ -99,6 +99,13 @@ public:
         return c.kind;
     }
 
+    // Next in bulk: the observations ahead in the block, up to max, into
+    // times and values. 0 when the next record is not an observation or not
+    // whole in the block: Next then reads it.
+    std::size_t NextRun(double* times, double* values, std::size_t max) {
+        return m_isDouble ? TakeRun<double, true>(times, values, max) : TakeRun<float, true>(times, values, max);
+    }
+
     // ---- Passes under a replication treatment
     // Positions at the treatment's first record and opens a pass. A number
     // finds its replication as op_SeekRep does (15804 when the file has no
@@ -224,6 +231,12 @@ private:
         const std::size_t limit = held < max ? held : max;
         const char* p = m_cur;
         std::size_t i = 0;
+        if constexpr (sizeof(F) == sizeof(double)) {
+            if (limit >= kWideRun) {
+                i = TakeDoublesWide(p, limit, withTimes ? times : nullptr, values);
+                p += i * kRec;
+            }
+        }
         for (; i < limit; ++i, p += kRec) {
             F rec[2];
             std::memcpy(rec, p, sizeof rec);
@@ -234,6 +247,13 @@ private:
         m_cur = p;
         return i;
     }
+
+    // From this many records on a run of doubles goes to TakeDoublesWide: the
+    // observations among limit records at p, four at a time in vector
+    // registers where the processor has them; stops at or before the first
+    // record that is not one.
+    static constexpr std::size_t kWideRun = 16;
+    static std::size_t TakeDoublesWide(const char* p, std::size_t limit, double* times, double* values);
 
     Raw ReadSlow();
     Classified NextSlow();

@@ -12,6 +12,9 @@
 
 namespace {
 
+// Records taken from the reader at a time.
+constexpr std::size_t kRun = 1024;
+
 // The von Neumann estimate and its test. The two batching units have always
 // treated a large z differently: by time it withdraws the one-sided rejection,
 // by observations it clears the two-sided flag, which is never set. S and D,
@@ -84,6 +87,8 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
     double tp = r;
     double area = 0.0;
     CMoments st;
+    double times[kRun], values[kRun];
+    std::size_t got = 0, at = 0;
     for (;;) {
         while (t - b > W) {
             const double end = b + W;
@@ -113,6 +118,18 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
         tp = t;
         vp = v;
 
+        // The next record: from the run taken from the reader's block, a
+        // new run, or through Next.
+        if (at == got) {
+            got = in.NextRun(times, values, kRun);
+            at = 0;
+        }
+        if (at < got) {
+            t = times[at];
+            v = values[at];
+            ++at;
+            continue;
+        }
         rec = in.Next(&t, &v);
         if (rec == RecordKind::Obs) continue;
         if (rec == RecordKind::Boundary && lumped) {
@@ -194,19 +211,27 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
         if (int rc = TruncateForObs(in, p, rep, &firstT, &firstV, &have, &truncatedTime)) return rc;
     const double truncUsed = p.truncUnit == 1 ? static_cast<double>(WholeInt(p.truncAmount)) : p.truncAmount;
 
-    // Fresh variables for the per-record loop: nothing takes their address.
-    double t = firstT;
-    double v = firstV;
     double lastTime = truncatedTime;
     CMoments st;
     int count = 0;
     double sumT = 0.0;
     double sumV = 0.0;
     double start = 0.0;
-    for (;; have = false) {
-        if (!have) {
+    // Records come in runs of observations from the reader's block; markers
+    // and block ends one at a time through Next.
+    double times[kRun], values[kRun];
+    std::size_t got = 0;
+    if (have) {
+        times[0] = firstT;
+        values[0] = firstV;
+        got = 1;
+    }
+    for (;; got = 0) {
+        if (got == 0) got = in.NextRun(times, values, kRun);
+        if (got == 0) {
+            double t, v;
             RecordKind rec = in.Next(&t, &v);
-            if (rec != RecordKind::Obs) [[unlikely]] {
+            if (rec != RecordKind::Obs) {
                 if (rec == RecordKind::Boundary && lumped) {
                     do rec = in.Next(&t, &v);
                     while (rec == RecordKind::Boundary);
@@ -218,23 +243,30 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
                     break;
                 }
             }
+            times[0] = t;
+            values[0] = v;
+            got = 1;
         }
-        lastTime = t;
-        if (!batching) {
-            out.Put(t, v);
-            continue;
+        for (std::size_t i = 0; i < got; ++i) {
+            const double t = times[i];
+            const double v = values[i];
+            lastTime = t;
+            if (!batching) {
+                out.Put(t, v);
+                continue;
+            }
+            if (count == 0) start = t;
+            sumT += t;
+            sumV += v;
+            if (++count < B) continue;
+            if (st.Count() == INT_MAX) return IDS_BUFFER_EXCEEDED;
+            double meanT = sumT / B;
+            double meanV = sumV / B;
+            out.Put(meanT, meanV);
+            st.AddInSeries(meanV);
+            count = 0;
+            sumT = sumV = 0.0;
         }
-        if (count == 0) start = t;
-        sumT += t;
-        sumV += v;
-        if (++count < B) continue;
-        if (st.Count() == INT_MAX) return IDS_BUFFER_EXCEEDED;
-        double meanT = sumT / B;
-        double meanV = sumV / B;
-        out.Put(meanT, meanV);
-        st.AddInSeries(meanV);
-        count = 0;
-        sumT = sumV = 0.0;
     }
 
     if (!batching) {
@@ -259,11 +291,16 @@ void filtr_SettleDefaults(CRecordReader& in, FiltrParams* p) {
     long count = 0;
     double first = 0.0;
     double last = 0.0;
-    double t = 0.0;
-    double v = 0.0;
-    while (in.Next(&t, &v) == RecordKind::Obs) {
-        if (count++ == 0) first = t;
-        last = t;
+    double times[kRun], values[kRun];
+    for (;;) {
+        std::size_t got = in.NextRun(times, values, kRun);
+        if (got == 0) {
+            if (in.Next(&times[0], &values[0]) != RecordKind::Obs) break;
+            got = 1;
+        }
+        if (count == 0) first = times[0];
+        last = times[got - 1];
+        count += static_cast<long>(got);
     }
     p->batchSize = p->batchUnit == 0 ? (last - first) / 10.0 : static_cast<double>(count) / 10.0;
 }

@@ -128,7 +128,6 @@ class FftEngine : public CLagProducts::Engine {
 public:
     explicit FftEngine(int maxLag) : m_lags(maxLag), m_block(BlockFor(maxLag)), m_fft(2 * m_block) {
         std::size_t m = 2 * m_block;
-        m_input.reserve(m);
         m_re.resize(m);
         m_im.resize(m);
         std::size_t half = m_block + 1;
@@ -139,20 +138,27 @@ public:
         m_prevIm.assign(half, 0.0);
     }
 
+    // Values go straight to their bit-reversed places in the transform's
+    // input, the first block of a pair in the real part and the second in the
+    // imaginary part, each with the zero padding beside it.
     void Add(const double* values, std::size_t count) override {
         const std::size_t m = 2 * m_block;
         while (count > 0) {
-            std::size_t take = m - m_input.size();
+            std::size_t take = m - m_filled;
             if (take > count) take = count;
-            m_input.insert(m_input.end(), values, values + take);
+            for (std::size_t i = 0; i < take; ++i) Place(m_filled + i, values[i]);
+            m_filled += take;
             values += take;
             count -= take;
-            if (m_input.size() == m) TransformPair();
+            if (m_filled == m) TransformPair();
         }
     }
 
     std::vector<double> Finish() override {
-        if (!m_input.empty()) TransformPair();
+        if (m_filled > 0) {
+            for (std::size_t t = m_filled; t < 2 * m_block; ++t) Place(t, 0.0);
+            TransformPair();
+        }
         const std::size_t m = 2 * m_block;
         for (std::size_t f = 0; f <= m_block; ++f) {
             double sign = (f & 1) ? -1.0 : 1.0;
@@ -179,18 +185,17 @@ public:
     }
 
 private:
+    // Value t of the pair (t < 2B). Bit reversal puts the zero padding of a
+    // block (positions B .. 2B - 1) on the odd places.
+    void Place(std::size_t t, double value) {
+        std::vector<double>& part = t < m_block ? m_re : m_im;
+        const std::size_t r = m_fft.Reversed(t < m_block ? t : t - m_block);
+        part[r] = value;
+        part[r + 1] = 0.0;
+    }
+
     void TransformPair() {
         const std::size_t m = 2 * m_block;
-        const std::size_t n = m_input.size();
-        // Placed straight into bit-reversed order; the zero padding (t >= B)
-        // lands on the odd positions.
-        for (std::size_t t = 0; t < m_block; ++t) {
-            const std::size_t r = m_fft.Reversed(t);
-            m_re[r] = t < n ? m_input[t] : 0.0;
-            m_im[r] = m_block + t < n ? m_input[m_block + t] : 0.0;
-            m_re[r + 1] = 0.0;
-            m_im[r + 1] = 0.0;
-        }
         m_fft.ForwardReversed(m_re.data(), m_im.data());
         Sums sums{m_re.data(), m_im.data(), m_power.data(), m_crossRe.data(), m_crossIm.data(),
                   m_prevRe.data(), m_prevIm.data()};
@@ -204,13 +209,13 @@ private:
 #else
         Accumulate<Lanes1>(sums, 1, m_block + 1, m);
 #endif
-        m_input.clear();
+        m_filled = 0;
     }
 
     int m_lags;
     std::size_t m_block;
     CFft m_fft;
-    std::vector<double> m_input;
+    std::size_t m_filled = 0;  // values placed for the next transform
     std::vector<double> m_re, m_im;
     std::vector<double> m_power, m_crossRe, m_crossIm;
     std::vector<double> m_prevRe, m_prevIm;  // transform of the latest block

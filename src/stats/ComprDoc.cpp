@@ -80,11 +80,9 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     for (;;) {
         const std::size_t na = pair_Fill(readA, va, kChunk);
         const std::size_t nb = pair_Fill(readB, vb, na);
-        for (std::size_t i = 0; i < nb; ++i) {
-            sa.Add(va[i]);
-            sb.Add(vb[i]);
-            va[i] -= vb[i];
-        }
+        st_AddExtremes(va, nb, &sa.min, &sa.max);
+        st_AddExtremes(vb, nb, &sb.min, &sb.max);
+        for (std::size_t i = 0; i < nb; ++i) va[i] -= vb[i];
         diff.AddAll(va, nb);
         if (nb < na) break;
         if (na < kChunk) {

@@ -117,8 +117,41 @@ double MergeExtremes(const double* lanes, const double* x, std::size_t n) {
     return e;
 }
 
+__attribute__((target("avx2"))) void ExtremeLanes(const double* x, std::size_t n, double* min, double* max) {
+    V4 lo = {HUGE_VAL, HUGE_VAL, HUGE_VAL, HUGE_VAL};
+    V4 hi = -lo;
+    for (std::size_t i = 0; i + 4 <= n; i += 4) {
+        V4 v;
+        std::memcpy(&v, x + i, sizeof v);
+        lo = v < lo ? v : lo;
+        hi = v > hi ? v : hi;
+    }
+    std::memcpy(min, &lo, sizeof lo);
+    std::memcpy(max, &hi, sizeof hi);
+}
+
 }  // namespace
 #endif
+
+void st_AddExtremes(const double* x, std::size_t n, double* min, double* max) {
+    std::size_t i = 0;
+#ifdef OPROC_LANES
+    const std::size_t whole = n & ~std::size_t{3};
+    if (whole >= 64 && HasLanes()) {
+        double lo[4], hi[4];
+        ExtremeLanes(x, whole, lo, hi);
+        const double low = MergeExtremes<false>(lo, x, whole);
+        const double high = MergeExtremes<true>(hi, x, whole);
+        if (low < *min) *min = low;
+        if (high > *max) *max = high;
+        i = whole;
+    }
+#endif
+    for (; i < n; ++i) {
+        if (x[i] < *min) *min = x[i];
+        if (x[i] > *max) *max = x[i];
+    }
+}
 
 void CMoments::AddAll(const double* x, std::size_t n) {
     std::size_t i = 0;

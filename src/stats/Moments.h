@@ -18,6 +18,11 @@
 #include <cmath>
 #include <cstddef>
 
+// The least and greatest of x[0 .. n) folded into *min and *max as running
+// extremes keep them (the first of equal values, signed zeros included),
+// four lanes at a time where the processor has them.
+void st_AddExtremes(const double* x, std::size_t n, double* min, double* max);
+
 class CMoments {
 public:
     // Inline: analyses call it once per record.

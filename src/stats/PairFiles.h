@@ -25,11 +25,6 @@ int pair_ReadError(const CRecordReader& in);
 struct CExtremes {
     double min = BIG_VALUE;
     double max = -BIG_VALUE;
-
-    void Add(double v) {
-        if (v < min) min = v;
-        if (v > max) max = v;
-    }
 };
 
 // Reads observations of the pass into values until max or the pass's end;

@@ -2,6 +2,7 @@
 // and its index on a file of several blocks read in different orders.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <vector>
 
 #include "TestFiles.h"
@@ -145,6 +146,41 @@ TEST_F(RecordReaderIndex, ReadingOutOfOrderStillGivesTheIndex) {
     n = 0;
     while (in.NextObs(&t, &v)) ++n;
     EXPECT_EQ(n, 3);
+}
+
+// Runs taken in bulk stop where the record-by-record rules would: at a skip
+// marker, a boundary, a NaN time (an observation, read singly) and -0 (an
+// observation), wherever they fall among the records taken four at a time.
+TEST(RecordReader, RunsKeepTheMarkerRules) {
+    TempDir dir;
+    for (bool isDouble : {true, false}) {
+        std::vector<Rec> recs;
+        std::vector<double> want;
+        for (int i = 0; i < 70; ++i) {
+            double t = i;
+            if (i == 21) t = -0.0;
+            if (i == 30) t = std::nan("");
+            if (i == 45) {
+                recs.push_back({-1, -2});  // skip marker
+                continue;
+            }
+            recs.push_back({t, 100.0 + i});
+            want.push_back(100.0 + i);
+        }
+        recs.push_back({-1, -1});
+        HeaderFields h;
+        h.isDouble = isDouble;
+        const std::string path = dir.Path("runs.dat");
+        test_WriteDataFile(path, h, recs);
+        CRecordReader in;
+        ASSERT_EQ(in.Open(path), 0);
+        ASSERT_EQ(in.Start(1), 0);
+        std::vector<double> got;
+        double times[64], values[64];
+        while (const std::size_t n = in.NextObsRun(times, values, 64)) got.insert(got.end(), values, values + n);
+        EXPECT_EQ(got, want) << (isDouble ? "doubles" : "floats");
+        EXPECT_EQ(in.PassEnd(), RecordKind::End);
+    }
 }
 
 }  // namespace
