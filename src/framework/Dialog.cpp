@@ -4,7 +4,8 @@
 
 int CDialog::DoModal() { return host_Get().RunDialog(*this); }
 
-int dlg_ValidateOnOK(CDialog& dlg) {
+int dlg_ValidateOnOK(CDialog& dlg, int* failingIndex) {
+    if (failingIndex) *failingIndex = -1;
     std::string message;
     if (!dlg.ExchangeFields(&message)) {
         host_SetSubjectControl(dlg.FocusControl());
@@ -14,6 +15,7 @@ int dlg_ValidateOnOK(CDialog& dlg) {
     }
     int row = -1;
     int rc = dlg.Validate(&row);
+    if (rc && failingIndex) *failingIndex = row;
     if (rc) {
         host_SetSubjectControl(dlg.FocusControl());
         AfxMessageBox(rc < 0 ? -rc : rc);

@@ -18,6 +18,7 @@ public:
     // be an integer from 0 to 9999. False with the framework's text.
     bool ExchangeFields(std::string* message) override;
     int Validate(int* failingIndex) override;
+    std::vector<DlgField> Fields() override;
 };
 
 // The maximum lag when none is given, for the file under the treatment text
