@@ -4,6 +4,7 @@
 
 #include "datafile/DataFile.h"
 #include "datafile/RepChecks.h"
+#include "framework/Host.h"
 #include "framework/Messages.h"
 
 namespace {
@@ -36,6 +37,7 @@ int RunStep(DataFileCheck& f, FileCheck step) {
 
 int dlg_CheckDataFile(DataFileCheck& file, std::initializer_list<FileCheck> steps) {
     file.treatment = op_ParseRepTreatment(file.reps.c_str());
+    host_SetSubjectFile(file.path);
     for (FileCheck step : steps) {
         if (int rc = RunStep(file, step)) {
             file.failed = step;

@@ -19,6 +19,7 @@ SilentHost g_silent;
 IHost* g_host = &g_silent;
 unsigned long g_messageCount = 0;
 int g_lastMessageId = 0;
+MessageSubject g_subject;
 
 int Shown(int id, int answer) {
     ++g_messageCount;
@@ -61,3 +62,11 @@ int AfxMessageBox(int id, int captionId, unsigned style) {
 unsigned long host_MessageCount() { return g_messageCount; }
 
 int host_LastMessageId() { return g_lastMessageId; }
+
+const MessageSubject& host_Subject() { return g_subject; }
+
+void host_SetSubjectFile(const std::string& path) { g_subject.file = path; }
+
+void host_SetSubjectControl(DlgControl control) { g_subject.control = control; }
+
+void host_ClearSubject() { g_subject = MessageSubject{}; }

@@ -27,3 +27,23 @@ int CCorrDlg::Validate(int*) {
         return fail(rc, dlg_FileFocus(file.failed));
     return 0;
 }
+
+std::vector<DlgField> CCorrDlg::Fields() {
+    std::vector<DlgField> fields = CBaseDlg::Fields();
+    DlgField lags;
+    lags.key = "maxLags";
+    lags.label = "&Maximum Lags:";
+    lags.control = DlgControl::MaxLags;
+    lags.text = &m_strMaxLags;
+    DlgField out;
+    out.kind = DlgField::Kind::SaveFile;
+    out.key = "outFile";
+    out.label = "&Save Autocorrelation Values in File:";
+    out.control = DlgControl::OutputFile;
+    out.text = &m_strOutFile;
+    out.maxLength = 255;
+    out.filter = msg_Text(16071);
+    fields.push_back(lags);
+    fields.push_back(out);
+    return fields;
+}
