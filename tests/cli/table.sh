@@ -160,8 +160,9 @@ for case in "missing.dat|File not found" "a.dat@4|Invalid replication treatment"
             "a.dat --first 0|Invalid numeric field" "a.dat --from 3 --to 2|Ending time must be greater than beginning time"; do
     args=${case%%|*}
     # shellcheck disable=SC2086
-    err=$("$OPROC" table $args 2>&1 >/dev/null)
+    "$OPROC" table $args 2>err.txt >/dev/null
     status=$?
+    err=$(head -n 1 err.txt)  # a second line may name what the message concerns
     check "message of $args" "${case#*|} (1)" "$err ($status)"
 done
 
