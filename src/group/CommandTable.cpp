@@ -1,5 +1,8 @@
 #include "group/CommandTable.h"
 
+#include "graph/BarchDlg.h"
+#include "graph/BarchDoc.h"
+#include "graph/BarchartView.h"
 #include "convert/ConvertDlgs.h"
 #include "convert/ConvertViews.h"
 #include "convert/ExprtDoc.h"
@@ -59,7 +62,8 @@ constexpr FrameKind kSplit = FrameKind::Split;
 // export, template, template string, title prefix, extension, document, view, frame, factory
 const GroupCommand kCommands[] = {
     {"g_OnAppend", "Append", 16393, 16027, "dat", "CAppendDoc", "CAppendView", kSingle, {}},
-    {"g_OnBarchart", "Barchart", 16381, 16031, nullptr, "CBarchDoc", "CBarchartView", kSingle, {}},
+    {"g_OnBarchart", "Barchart", 16381, 16031, nullptr, "CBarchDoc", "CBarchartView", kSingle,
+     grp_Analysis<CBarchDlg, CBarchDoc, CBarchartView>()},
     {"g_OnComparison", "Comparison", 16382, 16020, nullptr, "CComprDoc", "CComprView", kSplit,
      grp_Analysis<CComprDlg, CComprDoc, CComprView, CComprTextView>(nullptr,
                                                                      grp_Results<CComprDoc, st_CompareRecord>)},

@@ -7,6 +7,7 @@
 #include "datafile/DataFile.h"
 #include "datafile/OutputDataFile.h"
 #include "datafile/RecordReader.h"
+#include "datafile/TimeWeight.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 #include "stats/Moments.h"
@@ -47,10 +48,6 @@ void KeepMean(FiltrResults* res, double mean) {
     else
         res->meansOmitted = true;
 }
-
-// A value holds until the next record for these kinds; the others move
-// linearly between records.
-bool StepWeighted(int kind) { return kind == KIND_DSTAT || kind == KIND_COUNTER || kind == KIND_FREQUENCY; }
 
 // Replication ends met by a pass under "all" are copied so the output keeps
 // the source's replications apart.
@@ -109,10 +106,10 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
             b = end;
             double piece;
             if constexpr (step) {
-                piece = (b - tp) * vp;
+                piece = op_WeightedArea<true>(tp, vp, b, vp);
             } else {
                 const double vb = (v - vp) / (t - tp) * (b - tp) + vp;
-                piece = (b - tp) * (vp + vb) * 0.5;
+                piece = op_WeightedArea<false>(tp, vp, b, vb);
                 vp = vb;
             }
             double mid = b - W * 0.5;
@@ -123,11 +120,7 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
             tp = b;
             area = 0.0;
         }
-        if constexpr (step) {
-            if (t > tp) area += (t - tp) * vp;
-        } else {
-            if (t > tp) area += (t - tp) * (v + vp) * 0.5;
-        }
+        if (t > tp) area += op_WeightedArea<step>(tp, vp, t, v);
         tp = t;
         vp = v;
 
@@ -324,6 +317,6 @@ void filtr_SettleDefaults(CRecordReader& in, FiltrParams* p) {
 
 int filtr_RunPass(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile& out, FiltrResults* res) {
     if (p.batchUnit == 0)
-        return StepWeighted(p.kind) ? PassByTime<true>(in, p, rep, out, res) : PassByTime<false>(in, p, rep, out, res);
+        return op_StepWeighted(p.kind) ? PassByTime<true>(in, p, rep, out, res) : PassByTime<false>(in, p, rep, out, res);
     return PassByObs(in, p, rep, out, res);
 }
