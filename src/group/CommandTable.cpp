@@ -10,6 +10,10 @@
 #include "series/FiltrDlg.h"
 #include "series/FiltrDoc.h"
 #include "series/FiltrView.h"
+#include "series/MovTextView.h"
+#include "series/MovView.h"
+#include "series/MoveDlg.h"
+#include "series/MoveDoc.h"
 #include "series/SeriesExport.h"
 #include "series/StdInDlg.h"
 #include "series/StdIntTextView.h"
@@ -66,7 +70,8 @@ const GroupCommand kCommands[] = {
      grp_Analysis<CIntrvlDlg, CIntrvlDoc, CIntrvlView, CIntrvlTextView>(
          nullptr, grp_Results<CIntrvlDoc, st_IntervalRecord>)},
     {"g_OnLoad", "Load", 16397, 16035, "dat", "CLoadDoc", "CLoadView", kSingle, {}},
-    {"g_OnMovingAverage", "MovingAverage", 16386, 16036, nullptr, "CMoveDoc", "CMovView", kSplit, {}},
+    {"g_OnMovingAverage", "MovingAverage", 16386, 16036, "dat", "CMoveDoc", "CMovView", kSplit,
+     grp_Analysis<CMoveDlg, CMoveDoc, CMovView, CMovTextView>(grp_OutputField<CMoveDlg, &CMoveDlg::m_strOutFile>)},
     {"g_OnOneway", "OnewayVariance", 16387, 16022, nullptr, "COnewyDoc", "COnewyView", kSplit,
      grp_Analysis<COnewyDlg, COnewyDoc, COnewyView, COnewyTextView>(nullptr,
                                                                      grp_Results<COnewyDoc, st_OnewayRecord>)},

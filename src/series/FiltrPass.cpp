@@ -1,5 +1,6 @@
 #include "series/FiltrPass.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 
@@ -257,18 +258,21 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
             values[0] = v;
             got = 1;
         }
-        for (std::size_t i = 0; i < got; ++i) {
-            const double t = times[i];
-            const double v = values[i];
-            lastTime = t;
-            if (!batching) {
-                out.Put(t, v);
-                continue;
+        lastTime = times[got - 1];
+        if (!batching) {
+            for (std::size_t i = 0; i < got; ++i) out.Put(times[i], values[i]);
+            continue;
+        }
+        // The run in stretches that end where a batch fills.
+        for (std::size_t i = 0; i < got;) {
+            if (count == 0) start = times[i];
+            const std::size_t take = std::min(got - i, static_cast<std::size_t>(B - count));
+            for (const std::size_t end = i + take; i < end; ++i) {
+                sumT += times[i];
+                sumV += values[i];
             }
-            if (count == 0) start = t;
-            sumT += t;
-            sumV += v;
-            if (++count < B) continue;
+            count += static_cast<int>(take);
+            if (count < B) break;
             if (st.Count() == INT_MAX) return IDS_BUFFER_EXCEEDED;
             double meanT = sumT / B;
             double meanV = sumV / B;

@@ -1,6 +1,7 @@
 #include "series/MovingAverage.h"
 
 #include <cmath>
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -70,4 +71,27 @@ ForecastErrors move_ForecastErrors(const std::vector<double>& y, const std::vect
     e.mse = sq.Value() / n;
     e.mape = zero ? std::numeric_limits<double>::quiet_NaN() : 100.0 * pct.Value() / n;
     return e;
+}
+
+void move_GraphPoints(const std::vector<double>& v, long first, std::size_t buckets, std::vector<double>* xs,
+                      std::vector<double>* ys) {
+    xs->clear();
+    ys->clear();
+    const std::size_t n = v.size();
+    if (n == 0 || buckets == 0) return;
+    const std::size_t run = (n + buckets - 1) / buckets;
+    auto put = [&](std::size_t i) {
+        xs->push_back(static_cast<double>(first) + static_cast<double>(i));
+        ys->push_back(v[i]);
+    };
+    for (std::size_t lo = 0; lo < n; lo += run) {
+        const std::size_t hi = std::min(n, lo + run);
+        std::size_t low = lo, high = lo;
+        for (std::size_t i = lo + 1; i < hi; ++i) {
+            if (v[i] < v[low]) low = i;
+            if (v[i] > v[high]) high = i;
+        }
+        put(std::min(low, high));
+        if (low != high) put(std::max(low, high));
+    }
 }
