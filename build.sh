@@ -4,8 +4,9 @@
 #   ./build.sh test         build, then run the whole test suite
 #   ./build.sh build        build only
 #   ./build.sh gui [GROUP]  build, then start the desktop program (oproc-gui)
-# BUILD_DIR picks the build folder (default build); OPROC_SANITIZE=1 builds with
-# AddressSanitizer and UndefinedBehaviorSanitizer.
+# BUILD_DIR picks the build folder (default build), BUILD_TYPE the CMake build
+# type (default RelWithDebInfo); OPROC_SANITIZE=1 builds with AddressSanitizer
+# and UndefinedBehaviorSanitizer. Warnings are errors here.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -32,7 +33,7 @@ if ((${#need[@]})); then
 fi
 
 build_dir=${BUILD_DIR:-build}
-flags=(-DCMAKE_BUILD_TYPE=RelWithDebInfo)
+flags=(-DCMAKE_BUILD_TYPE="${BUILD_TYPE:-RelWithDebInfo}" -DOPROC_WERROR=ON)
 if [ "${OPROC_SANITIZE:-0}" = 1 ]; then
     flags+=(-DOPROC_SANITIZE=ON -DOPROC_BENCH=OFF)
 fi

@@ -94,6 +94,12 @@ run "anova (two files)" "$oproc" anova "$file" "$file2"
 run "correlogram 1000 lags" "$oproc" correlogram "$file" --max-lags 1000
 run "correlogram 9999 lags" "$oproc" correlogram "$file" --max-lags 9999
 run "plot to SVG" "$oproc" plot "$file" --svg "$work/plot.svg"
+# The histogram reads once with its cells given and twice when the data
+# choose them (the quartiles of the width rule first).
+run "histogram, 100 cells given" "$oproc" histogram "$file" --start 0 --width 1 --cells 100
+run "histogram, default cells" "$oproc" histogram "$file"
+run "moving average, w = 100" "$oproc" movingaverage "$file" --window 100
+run "warmup (MSER-5)" "$oproc" warmup "$file"
 if python3 -c 'import numpy, scipy' 2>/dev/null; then
     for what in interval batch correlogram; do
         run "numpy/scipy $what" python3 "$here/numpy_ref.py" "$what" "$file"

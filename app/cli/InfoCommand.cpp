@@ -50,6 +50,7 @@ int Run(CliIO& io) {
     for (const std::string& f : files) {
         given.Append(f);
         DataFileInfo info;
+        host_SetSubjectFile(f);
         if (int r = op_ReadDataFileInfo(f, &info)) {
             AfxMessageBox(r);
             if (!rc) rc = r;

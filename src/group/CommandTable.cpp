@@ -1,8 +1,15 @@
 #include "group/CommandTable.h"
 
+#include "convert/ConvertDlgs.h"
+#include "convert/ConvertViews.h"
+#include "convert/ExprtDoc.h"
+#include "convert/ImprtDoc.h"
 #include "graph/PlotDlg.h"
 #include "graph/PlotDoc.h"
 #include "graph/PlotView.h"
+#include "graph/TableDlg.h"
+#include "graph/TableDoc.h"
+#include "graph/TableView.h"
 #include "series/CorrDlg.h"
 #include "series/CorrDoc.h"
 #include "series/CorrTextView.h"
@@ -59,13 +66,15 @@ const GroupCommand kCommands[] = {
      grp_Analysis<CCorrDlg, CCorrDoc, CCorrView, CCorrTextView>(grp_OutputField<CCorrDlg, &CCorrDlg::m_strOutFile>,
                                                                 grp_Results<CCorrDoc, corr_ResultRecord>)},
     {"g_OnDiffile", "Diffile", 16394, 16028, "dif", "CDiffDoc", "CDiffView", kSingle, {}},
-    {"g_OnExport", "Export", 16392, 16029, "dax", "CExprtDoc", "CExprtView", kSingle, {}},
+    {"g_OnExport", "Export", 16392, 16029, "dax", "CExprtDoc", "CExprtView", kSingle,
+     grp_Analysis<CExprtDlg, CExprtDoc, CExprtView>(grp_OutputField<CExprtDlg, &CExprtDlg::m_strOutFile>)},
     {"g_OnFilter", "BatchTruncate", 16395, 16030, "flt", "CFiltrDoc", "CFiltrView", kSingle,
      grp_Analysis<CFiltrDlg, CFiltrDoc, CFiltrView>(grp_OutputField<CFiltrDlg, &CFiltrDlg::m_strOutFile>,
                                                     grp_Results<CFiltrDoc, filtr_ResultRecord>)},
     {"g_OnHistogram", "Histogram", 16384, 16033, nullptr, "CHistDoc", "CHistView", kSplit,
      grp_Analysis<CHistDlg, CHistDoc, CHistView, CHistTextView>()},
-    {"g_OnImport", "Import", 16396, 16034, "dat", "CImprtDoc", "CImprtView", kSingle, {}},
+    {"g_OnImport", "Import", 16396, 16034, "dat", "CImprtDoc", "CImprtView", kSingle,
+     grp_Analysis<CImprtDlg, CImprtDoc, CImprtView>(grp_OutputField<CImprtDlg, &CImprtDlg::m_strOutFile>)},
     {"g_OnInterval", "Intervals", 16385, 16021, nullptr, "CIntrvlDoc", "CIntrvlView", kSplit,
      grp_Analysis<CIntrvlDlg, CIntrvlDoc, CIntrvlView, CIntrvlTextView>(
          nullptr, grp_Results<CIntrvlDoc, st_IntervalRecord>)},
@@ -83,7 +92,8 @@ const GroupCommand kCommands[] = {
     {"g_OnStdinterval", "StdInterval", 16399, 16024, nullptr, "CStdIntrvlDoc", "CStdIntView", kSplit,
      grp_Analysis<CStdInDlg, CStdIntrvlDoc, CStdIntView, CStdIntTextView>(
          nullptr, grp_Results<CIntrvlDoc, st_StdIntervalRecord>)},
-    {"g_OnTable", "Table", 16398, 16025, nullptr, "CTableDoc", "CTableView", kSingle, {}},
+    {"g_OnTable", "Table", 16398, 16025, nullptr, "CTableDoc", "CTableView", kSingle,
+     grp_Analysis<CTableDlg, CTableDoc, CTableView>()},
     {"g_OnVartest", "Vartest", 16390, 16026, nullptr, "CVarDoc", "CVarView", kSplit,
      grp_Analysis<CVarDlg, CVarDoc, CVarView, CVarTextView>(nullptr, grp_Results<CVarDoc, st_VartestRecord>)},
 };

@@ -16,11 +16,13 @@ namespace {
 // Records taken from the reader at a time.
 constexpr std::size_t kRun = 1024;
 
-// The von Neumann estimate and its test. The two batching units have always
-// treated a large z differently: by time it withdraws the one-sided rejection,
-// by observations it clears the two-sided flag, which is never set. S and D,
-// the sums of squared deviations and of squared successive differences of the
-// batch means, keep their digits whatever offset the means share.
+// The von Neumann estimate and its test. The two batching units treat a
+// large z differently (by time it withdraws the one-sided rejection, by
+// observations it clears the two-sided flag, which is never set): each
+// unit's report states its own conclusion, and both are kept so that a
+// report reads the same whichever release printed it. S and D, the sums of
+// squared deviations and of squared successive differences of the batch
+// means, keep their digits whatever offset the means share.
 void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
     const double cov = 1.0 - st.SumSqSteps() / (2.0 * st.SumSqDev());
     res->covEstimate = cov;
