@@ -51,6 +51,10 @@ def make_data():
     # Replication 2 is empty, replication 3 holds one observation.
     tally_file("reps.dat", obs(range(1, 11)) + REP_END + REP_END + obs([7]) + END, 3)
     tally_file("one.dat", obs([3]) + END)
+    tally_file("noend.dat", obs([1, 2, 3]))
+    subprocess.run([OPROC, "group", "new", "g.dgr"], check=True)
+    subprocess.run([OPROC, "group", "add", "g.dgr", "waits.dat", "reps.dat", "noend.dat"], check=True,
+                   stdout=subprocess.DEVNULL)
     tally_file("offset.dat", obs([1e9 + x for x in (1, 2, 3, 4, 5, 6, 7, 9, 8, 10, 12, 11)]) + END)
 
 
@@ -211,7 +215,25 @@ def check_anova(case, text, res):
             fail(case, f"{c['method']} {i} - {j}: significant is {c['significant']}")
 
 
+def check_info(case, text, res):
+    counts = [int(n) for n in re.findall(r"replication +\d+: +(\d+) observations", text)]
+    listed = [r["observations"] for f in res["files"] for r in f["per_replication"]]
+    if counts != listed:
+        fail(case, f"observations {listed} against the report's {counts}")
+    for f in res["files"]:
+        if f["file"] not in text:
+            fail(case, f"{f['file']} not in the report")
+
+
+def check_group(case, text, res):
+    lines = [l.split(None, 1)[1] for l in text.splitlines() if l.startswith("#")]
+    if lines != [f["line"] for f in res["files"]]:
+        fail(case, "the files' lines differ from the listing")
+
+
 CHECKS = {
+    "info": check_info,
+    "group": check_group,
     "interval": rows(["mean", "sd", "half_width", "min", "max", "n"]),
     "sdinterval": rows(["sd", "lower", "upper", "range", "n"]),
     "stdinterval": rows(["mean", "sd", "half_width", "min", "max", "n"]),
@@ -224,6 +246,10 @@ CHECKS = {
 
 OBS = ["--batch-type", "Observation"]
 CASES = [
+    ["info", "waits.dat", "reps.dat", "noend.dat"],
+    ["info", "reps.dat", "missing.dat"],
+    ["group", "list", "g.dgr"],
+    ["group", "list", "missing.dgr"],
     ["interval", "waits.dat@All", "meanwait.dat@Lumped"],
     ["interval", "nan.dat", "one.dat", "reps.dat@1", "offset.dat"],
     ["interval", "reps.dat@All"],
@@ -268,7 +294,7 @@ def check_case(case):
     except ValueError as e:
         fail(case, f"JSON does not parse: {e}")
         return
-    if doc.get("command") != case[0]:
+    if doc.get("command") != " ".join(case[:2] if case[0] == "group" else case[:1]):
         fail(case, f"command is {doc.get('command')!r}")
     cstatus, cout, _ = run(case, "csv")
     if status != 0:
@@ -281,7 +307,7 @@ def check_case(case):
         return
     CHECKS[case[0]](case, text, doc["results"])
     table = list(csv.DictReader(io.StringIO(cout, newline="")))
-    expected = {"interval": "entries", "sdinterval": "entries", "stdinterval": "entries", "compare": "pairs",
+    expected = {"info": "files", "group": "files", "interval": "entries", "sdinterval": "entries", "stdinterval": "entries", "compare": "pairs",
                 "vartest": "pairs", "anova": "comparisons"}.get(case[0])
     if expected:
         if len(table) != len(doc["results"][expected]):
