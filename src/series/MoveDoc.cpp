@@ -1,6 +1,7 @@
 #include "series/MoveDoc.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "datafile/DataFile.h"
 #include "datafile/OutputDataFile.h"
@@ -39,7 +40,10 @@ int CMoveDoc::Compute() {
     CRecordReader& in = Reader();
     if (int rc = in.Start(m_nTreatment)) return rc;
     std::vector<double> y;
-    if (int rc = series_Read(in, m_nTreatment, &y, &r.reps)) return rc;
+    std::error_code ec;
+    const std::uintmax_t bytes = std::filesystem::file_size(m_strFile, ec);
+    const std::size_t records = ec ? 0 : static_cast<std::size_t>(bytes / (m_nIsDouble ? 16 : 8));
+    if (int rc = series_Read(in, m_nTreatment, &y, &r.reps, records)) return rc;
     r.n = static_cast<long>(y.size());
     if (r.n <= m_nWindow) return kWindowTooLarge;
 
@@ -53,10 +57,11 @@ int CMoveDoc::Compute() {
         r.mser = mser_Five(y);
         r.warmupRun = true;
     }
-    const auto [low, high] = std::minmax_element(y.begin(), y.end());
+    // Each run keeps its lowest and highest point: the graph's extremes are the series'.
+    move_GraphPoints(y, 1, kGraphBuckets, &r.rawX, &r.rawY);
+    const auto [low, high] = std::minmax_element(r.rawY.begin(), r.rawY.end());
     r.low = *low;
     r.high = *high;
-    move_GraphPoints(y, 1, kGraphBuckets, &r.rawX, &r.rawY);
     move_GraphPoints(r.smoothed, r.firstSmoothed, kGraphBuckets, &r.smoothX, &r.smoothY);
 
     // The smoothed series as observations numbered as in the series.

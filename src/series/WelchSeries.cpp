@@ -12,8 +12,9 @@ constexpr std::size_t kRun = 4096;
 
 }  // namespace
 
-int series_Read(CRecordReader& in, int treatment, std::vector<double>* y, int* reps) {
+int series_Read(CRecordReader& in, int treatment, std::vector<double>* y, int* reps, std::size_t reserve) {
     y->clear();
+    y->reserve(reserve);
     *reps = 1;
     double times[kRun];
     double values[kRun];

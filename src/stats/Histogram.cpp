@@ -95,7 +95,8 @@ void CHistogramBins::AddAll(const double* v, std::size_t n) {
         if (x >= 0.0 && x < cells) {
             const int k = static_cast<int>(x);
             const double f = x - k;
-            if (f > 1e-9 && f < 1.0 - 1e-9) {
+            // x of exactly 0 is a value exactly at the start (waits of 0 are common).
+            if ((f > 1e-9 && f < 1.0 - 1e-9) || x == 0.0) {
                 ++lanes[4 * static_cast<std::size_t>(k) + (i & 3)];
                 continue;
             }
