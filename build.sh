@@ -4,8 +4,9 @@
 #   ./build.sh test         build, then run the whole test suite
 #   ./build.sh build        build only
 #   ./build.sh gui [GROUP]  build, then start the desktop program (oproc-gui)
-# BUILD_DIR picks the build folder (default build); OPROC_SANITIZE=1 builds with
-# AddressSanitizer and UndefinedBehaviorSanitizer.
+# BUILD_DIR picks the build folder (default build), BUILD_TYPE the CMake build
+# type (default RelWithDebInfo); OPROC_SANITIZE=1 builds with AddressSanitizer
+# and UndefinedBehaviorSanitizer. Warnings are errors here.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -16,6 +17,8 @@ command -v make >/dev/null || need+=(make)
 [ -f /usr/include/CLI/CLI.hpp ] || need+=(libcli11-dev)
 [ -d /usr/include/gtest ] || need+=(libgtest-dev)
 [ -d /usr/include/benchmark ] || need+=(libbenchmark-dev)
+# The tests of the JSON results read them with Python.
+command -v python3 >/dev/null || need+=(python3)
 # The desktop program and its tests need Qt 6 and the graphs' face (OPROC_GUI=0 skips them).
 if [ "${1:-}" = gui ] || { [ "${1:-}" = test ] && [ "${OPROC_GUI:-1}" = 1 ]; }; then
     dpkg -s qt6-base-dev >/dev/null 2>&1 || need+=(qt6-base-dev)
@@ -30,7 +33,7 @@ if ((${#need[@]})); then
 fi
 
 build_dir=${BUILD_DIR:-build}
-flags=(-DCMAKE_BUILD_TYPE=RelWithDebInfo)
+flags=(-DCMAKE_BUILD_TYPE="${BUILD_TYPE:-RelWithDebInfo}" -DOPROC_WERROR=ON)
 if [ "${OPROC_SANITIZE:-0}" = 1 ]; then
     flags+=(-DOPROC_SANITIZE=ON -DOPROC_BENCH=OFF)
 fi

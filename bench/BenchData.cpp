@@ -17,8 +17,9 @@ std::string Make(int kind, long records, int reps) {
     if (auto it = made.find(key); it != made.end()) return it->second;
     auto dir = std::filesystem::temp_directory_path() / "oproc-bench";
     std::filesystem::create_directories(dir);
-    std::string path = (dir / ("k" + std::to_string(kind) + "_" + std::to_string(records) + "_" +
-                               std::to_string(reps) + ".dat")).string();
+    char name[64];
+    std::snprintf(name, sizeof name, "k%d_%ld_%d.dat", kind, records, reps);
+    std::string path = (dir / name).string();
     if (!std::filesystem::exists(path)) {
         int err = 0;
         std::string tmp = path + ".part";

@@ -1,5 +1,6 @@
 // --group G.dgr for analysis commands: the data group the analysis starts
-// from, as the desktop program starts every analysis from a group's window.
+// from. Every command entry starts from a group's view, so the command line
+// names one too (an empty group when --group is not given).
 // With it a file argument may be written #N (or #N@REPS) for the group's Nth
 // file. Paths typed on the command line keep meaning what they mean in the
 // shell; the group's own relative paths lead from its folder.

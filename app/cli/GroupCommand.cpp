@@ -100,6 +100,8 @@ int Add(CliIO& io) {
     COutputView& view = session.GroupView();
     for (const std::string& f : files) {
         std::error_code ec;
+        // Each file that stays out is named on the message's second line.
+        host_SetSubjectFile(f);
         // What a file-open dialog would offer: existing files only.
         if (!fs::is_regular_file(f, ec)) {
             AfxMessageBox(IDS_FILE_NOT_FOUND);
@@ -122,8 +124,10 @@ int Remove(CliIO& io) {
         if (n > doc.GetItemCount())
             throw CLI::ValidationError("INDEX", std::to_string(n) + " is not in the group, which holds " +
                                                     std::to_string(doc.GetItemCount()) + " files");
-    // From the back, so that the numbers keep naming the files the user saw.
-    for (auto it = doomed.rbegin(); it != doomed.rend(); ++it) doc.RemoveItem(*it - 1);
+    // In one pass, so that the numbers keep naming the files the user saw.
+    std::set<int> indexes;
+    for (int n : doomed) indexes.insert(n - 1);
+    doc.RemoveItems(indexes);
     if (!doc.OnSaveDocument(path.c_str())) return cli_Status(0);
     session.GroupView().OnUpdate();
     PrintList(session.GroupView(), io.out);

@@ -21,6 +21,7 @@ CLI::App* Setup(CLI::App& app) {
 
 int Describe(const std::string& path, CliIO& io) {
     std::string text;
+    host_SetSubjectFile(path);
     if (int rc = op_DescribeDataFile(path, text)) return AfxMessageBox(rc), rc;
     io.out << text;
     return 0;

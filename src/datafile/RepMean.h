@@ -13,8 +13,9 @@ struct RepMean {
     // An observation (time >= 0) of the replication.
     void Add(int kind, double t, double v) {
         if (kind == KIND_DSTAT || kind == KIND_COUNTER) {
-            // Step rule weighted by the value that ends the step, as files
-            // have always been averaged here.
+            // Step rule weighted by the value that ends the step rather
+            // than the one held over it: the averaged treatment's results
+            // are defined this way, and reports made from them must not move.
             if (prevTime >= 0.0) {
                 sum += (t - prevTime) * v;
                 weight += t - prevTime;

@@ -1,4 +1,5 @@
-// Settings of the product family that the core reads.
+// Settings the core reads from the environment, so that every host and
+// every run of one user agrees on them.
 #pragma once
 
 // Non-zero: data files are written with 8-byte records; zero: 4-byte records.

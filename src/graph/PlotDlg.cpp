@@ -22,7 +22,7 @@ bool ParseValue(const std::string& text, double* out) {
 
 }  // namespace
 
-CPlotDlg::CPlotDlg() : m_strXLabel(msg_Text(15840)), m_strYLabel(msg_Text(15839)) {}
+CPlotDlg::CPlotDlg() : m_strXLabel(msg_Text(IDS_TIME_LABEL)), m_strYLabel(msg_Text(IDS_VALUE_LABEL)) {}
 
 int CPlotDlg::Fail(int id, DlgControl control) {
     SetFocusControl(control);
@@ -42,14 +42,33 @@ int CPlotDlg::Validate(int* failingIndex) {
         if (int rc = dlg_CheckDataFile(file, {FileCheck::Exists, FileCheck::Header}))
             return Fail(rc, rc == IDS_FILE_NOT_FOUND ? DlgControl::FileList : DlgControl::None);
     }
-    if (!ParseTime(m_strBeginTime, &m_dBeginTime)) return Fail(15817, DlgControl::BeginTime);
-    if (!ParseTime(m_strEndTime, &m_dEndTime)) return Fail(15818, DlgControl::EndTime);
-    if (!ParseValue(m_strMinValue, &m_dMinValue)) return Fail(15819, DlgControl::MinValue);
-    if (!ParseValue(m_strMaxValue, &m_dMaxValue)) return Fail(15820, DlgControl::MaxValue);
+    if (!ParseTime(m_strBeginTime, &m_dBeginTime)) return Fail(IDS_BAD_BEGIN_TIME, DlgControl::BeginTime);
+    if (!ParseTime(m_strEndTime, &m_dEndTime)) return Fail(IDS_BAD_END_TIME, DlgControl::EndTime);
+    if (!ParseValue(m_strMinValue, &m_dMinValue)) return Fail(IDS_BAD_MIN_VALUE, DlgControl::MinValue);
+    if (!ParseValue(m_strMaxValue, &m_dMaxValue)) return Fail(IDS_BAD_MAX_VALUE, DlgControl::MaxValue);
     // The two range checks answer with each other's message, and the focus
     // follows the message: the time check lands on the maximum value.
-    if (!m_strBeginTime.empty() && !m_strEndTime.empty() && m_dEndTime <= m_dBeginTime) return Fail(15829, DlgControl::MaxValue);
+    if (!m_strBeginTime.empty() && !m_strEndTime.empty() && m_dEndTime <= m_dBeginTime) return Fail(IDS_ENDING_VALUE, DlgControl::MaxValue);
     if (!m_strMinValue.empty() && !m_strMaxValue.empty() && m_dMaxValue <= m_dMinValue)
         return Fail(IDS_ENDING_TIME, DlgControl::EndTime);
     return 0;
+}
+
+std::vector<DlgField> CPlotDlg::Fields() {
+    auto field = [](const char* key, const char* label, DlgControl control, std::string& text, std::size_t limit) {
+        DlgField f;
+        f.key = key;
+        f.label = label;
+        f.control = control;
+        f.text = &text;
+        f.maxLength = limit;
+        return f;
+    };
+    return {dlg_TitleField(m_strTitle),
+            field("xLabel", "&X-Axis Label:", DlgControl::None, m_strXLabel, kMaxLabel),
+            field("yLabel", "&Y-Axis Label:", DlgControl::None, m_strYLabel, kMaxLabel),
+            field("beginTime", "D&isplay Time from:", DlgControl::BeginTime, m_strBeginTime, 0),
+            field("endTime", "&to:", DlgControl::EndTime, m_strEndTime, 0),
+            field("minValue", "P&lot Values from:", DlgControl::MinValue, m_strMinValue, 0),
+            field("maxValue", "t&o:", DlgControl::MaxValue, m_strMaxValue, 0)};
 }

@@ -36,7 +36,10 @@ bool COutputDoc::OnOpenDocument(const char* path) {
     return true;
 }
 
-void COutputDoc::DeleteContents() { m_items.clear(); }
+void COutputDoc::DeleteContents() {
+    m_items.clear();
+    ForgetKeys();
+}
 
 void COutputDoc::Serialize(CArchive& ar) {
     if (ar.IsStoring()) {
@@ -66,12 +69,17 @@ void COutputDoc::Serialize(CArchive& ar) {
     }
     if (!ar.IsOk()) return;
     m_items = std::move(items);
+    ForgetKeys();
     sys_UpdateHdr(m_hdr, kGroupType, kGroupVersion);
 }
 
 int COutputDoc::InsertItem(int index, std::unique_ptr<CDGItem> item) {
     if (index < 0 || index > GetItemCount()) index = GetItemCount();
     m_items.insert(m_items.begin() + index, std::move(item));
+    if (index + 1 < GetItemCount())
+        ForgetKeys();  // the later items moved
+    else if (m_keysFor)
+        m_keys.emplace(grp_SameFileKey(ItemPath(index)), index);
     SetModifiedFlag();
     return 1;
 }
@@ -79,8 +87,21 @@ int COutputDoc::InsertItem(int index, std::unique_ptr<CDGItem> item) {
 int COutputDoc::RemoveItem(int index) {
     if (index < 0 || index >= GetItemCount()) return 0;
     m_items.erase(m_items.begin() + index);
+    ForgetKeys();
     SetModifiedFlag();
     return 1;
+}
+
+int COutputDoc::RemoveItems(const std::set<int>& indexes) {
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < m_items.size(); ++i)
+        if (!indexes.count(static_cast<int>(i))) m_items[kept++] = std::move(m_items[i]);
+    const int removed = static_cast<int>(m_items.size() - kept);
+    if (removed == 0) return 0;
+    m_items.resize(kept);
+    ForgetKeys();
+    SetModifiedFlag();
+    return removed;
 }
 
 CDGItem* COutputDoc::GetItem(int index) const {
@@ -101,10 +122,14 @@ int COutputDoc::DescribeItem(int index, bool checkChanged) {
 }
 
 int COutputDoc::FindItem(const std::string& path) const {
-    std::string key = grp_SameFileKey(path);
-    for (int i = 0; i < GetItemCount(); ++i)
-        if (grp_SameFileKey(ItemPath(i)) == key) return i;
-    return -1;
+    if (!m_keysFor || *m_keysFor != GetPathName()) {
+        m_keys.clear();
+        m_keys.reserve(m_items.size());
+        for (int i = 0; i < GetItemCount(); ++i) m_keys.emplace(grp_SameFileKey(ItemPath(i)), i);
+        m_keysFor = GetPathName();
+    }
+    auto it = m_keys.find(grp_SameFileKey(path));
+    return it == m_keys.end() ? -1 : it->second;
 }
 
 void COutputDoc::FillList(CListBox& list) const {

@@ -4,7 +4,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "framework/DocHdr.h"
@@ -33,6 +36,9 @@ public:
     int InsertItem(int index, std::unique_ptr<CDGItem> item);
     // Removes and deletes the item at index; 1, or 0 for an index not in the list.
     int RemoveItem(int index);
+    // Removes every item whose index is in indexes, in one pass; indexes not in
+    // the list are ignored. The number removed.
+    int RemoveItems(const std::set<int>& indexes);
     // The item at index; null for an index not in the list.
     CDGItem* GetItem(int index) const;
     int GetItemCount() const { return static_cast<int>(m_items.size()); }
@@ -49,7 +55,15 @@ public:
     DocHdr m_hdr;
 
 private:
+    void ForgetKeys() const { m_keys.clear(); m_keysFor.reset(); }
+
     std::vector<std::unique_ptr<CDGItem>> m_items;
+    // Same-file keys of the items (key to first index), made by the first
+    // FindItem and extended by appends: a key costs a walk of the file
+    // system, and adding N files must not cost N^2/2 of them. Anything else
+    // that changes the list or the group's folder starts them afresh.
+    mutable std::unordered_map<std::string, int> m_keys;
+    mutable std::optional<std::string> m_keysFor;  // the group path they were made for
 };
 
 // The form of a path used to tell whether two paths name the same file:

@@ -11,7 +11,6 @@ constexpr int IDS_DAT_EXTENSION = 15914;
 constexpr int IDS_DATA_FILE_FILTER = 15937;
 constexpr int IDS_CONFIRM_REMOVE = 15842;
 constexpr int IDS_REMOVE_CAPTION = 15843;
-constexpr int IDS_NO_SELECTION = 15841;
 }  // namespace
 
 void COutputView::OnInitialUpdate() {
@@ -44,7 +43,12 @@ int COutputView::AddFile(const std::string& path) {
     }
     int index = m_pDocument->GetItemCount();
     m_pDocument->InsertItem(index, std::make_unique<CDGItem>(path));
-    OnUpdate();
+    // One line more: refilling the list would copy every line for each file
+    // added, quadratic in a large group.
+    if (m_list.GetCount() == index)
+        m_list.AddString(m_pDocument->GetItem(index)->m_strDescription);
+    else
+        OnUpdate();
     SetSelection(index);
     return 0;
 }

@@ -78,7 +78,7 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
     while (const std::size_t got = in.NextObsRun(nullptr, chunk, kFeed)) sums.AddAll(chunk, got);
     if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
     const long n = sums.Count();
-    if (n <= lags) return 15831;
+    if (n <= lags) return IDS_TOO_FEW_POINTS;
     const double dn = static_cast<double>(n);
     const double mean = sums.Mean();
     const double variance = sums.SumSqDev() / dn;
@@ -114,5 +114,6 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
     m_results.variance = variance;
     m_results.size = static_cast<int>(n);
     m_results.weightedSum = 2.0 * weighted;
+    m_results.passes.push_back({rep, mean, variance, m_results.size, m_results.weightedSum});
     return 0;
 }

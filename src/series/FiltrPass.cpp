@@ -16,11 +16,13 @@ namespace {
 // Records taken from the reader at a time.
 constexpr std::size_t kRun = 1024;
 
-// The von Neumann estimate and its test. The two batching units have always
-// treated a large z differently: by time it withdraws the one-sided rejection,
-// by observations it clears the two-sided flag, which is never set. S and D,
-// the sums of squared deviations and of squared successive differences of the
-// batch means, keep their digits whatever offset the means share.
+// The von Neumann estimate and its test. The two batching units treat a
+// large z differently (by time it withdraws the one-sided rejection, by
+// observations it clears the two-sided flag, which is never set): each
+// unit's report states its own conclusion, and both are kept so that a
+// report reads the same whichever release printed it. S and D, the sums of
+// squared deviations and of squared successive differences of the batch
+// means, keep their digits whatever offset the means share.
 void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
     const double cov = 1.0 - st.SumSqSteps() / (2.0 * st.SumSqDev());
     res->covEstimate = cov;
@@ -28,6 +30,7 @@ void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
     if (st.Count() < 8) return;
     const double n = static_cast<double>(st.Count());
     const double z = cov / std::sqrt((n - 2.0) / (n * n - 1.0));
+    res->z = z;
     if (z > Z_ONE_SIDED_05) res->rejectPositive = 1;
     if (std::fabs(z) > Z_TWO_SIDED_05) {
         if (byTime)
@@ -35,6 +38,14 @@ void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
         else
             res->rejectNonZero = 0;
     }
+}
+
+// Keeps a batch mean for the results; past the limit only that some were left out.
+void KeepMean(FiltrResults* res, double mean) {
+    if (res->means.size() < FiltrResults::kMaxKeptMeans)
+        res->means.push_back(mean);
+    else
+        res->meansOmitted = true;
 }
 
 // A value holds until the next record for these kinds; the others move
@@ -108,6 +119,7 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
             double mean = (area + piece) / W;
             out.Put(mid, mean);
             st.AddInSeries(mean);
+            KeepMean(res, mean);
             tp = b;
             area = 0.0;
         }
@@ -268,6 +280,7 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
             double meanV = sumV / B;
             out.Put(meanT, meanV);
             st.AddInSeries(meanV);
+            KeepMean(res, meanV);
             count = 0;
             sumT = sumV = 0.0;
         }

@@ -13,8 +13,9 @@
 // The step solves (prob - p) + g h + h^2/2 = 0 with a fixed unit curvature
 // rather than the true second derivative; the fallback when it has no real
 // root is a step of minus one over the sum of the two log-density terms. Both
-// are kept as they are: printed quantiles depend on them only through the
-// final tolerance, and they must match step for step.
+// stay as they are: a quantile depends on them through where the iteration
+// stops within the tolerance, so another step would move the last printed
+// digit of reports that analysts compare across runs.
 //
 // Accuracy: stops once a step in x is no larger than tol, after applying it;
 // with tol = 0.001 the quantiles come out to about six significant digits

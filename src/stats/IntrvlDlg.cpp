@@ -25,8 +25,7 @@ int CIntrvlDlg::Fail(int id, int row) {
 }
 
 int CIntrvlDlg::OnChange(int selectedRow) const {
-    constexpr int kNoItemSelected = 15841;
-    return (selectedRow < 0 || selectedRow >= static_cast<int>(m_items.size())) ? kNoItemSelected : 0;
+    return (selectedRow < 0 || selectedRow >= static_cast<int>(m_items.size())) ? IDS_NO_SELECTION : 0;
 }
 
 int CIntrvlDlg::Validate(int* failingIndex) {

@@ -51,9 +51,13 @@ int CIntrvlDoc::ComputeEntry(const CMultiFileItem& entry, double alpha, int* noO
     do {
         IntervalRow row;
         row.ident = entry.Identifier();
+        row.entry = static_cast<int>(&entry - m_items.data());
         row.treatment = entry.m_nTreatment;
         if (entry.m_nTreatment == REP_ALL) {
-            row.ident += "@" + std::to_string(in.Replication());
+            // Appended piecewise: GCC 12 at -O3 warns falsely (-Wrestrict) on
+            // a literal plus a temporary string.
+            row.ident += '@';
+            row.ident += std::to_string(in.Replication());
             row.treatment = in.Replication();
         }
         const int index = static_cast<int>(rows.size());

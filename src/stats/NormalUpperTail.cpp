@@ -8,8 +8,8 @@
 //
 // Accuracy: about 1e-14 absolute for |z| <= 3 and a few units in 1e-12
 // relative above, least at the switch point.
-// Not reentrant in the original design (a shared alternating sign); here the
-// sign is local and follows the same sequence.
+// The alternating sign lives in the call, not in static state, so that
+// analyses may run side by side.
 #include <cmath>
 
 #include "stats/Distributions.h"

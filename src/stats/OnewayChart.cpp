@@ -88,7 +88,7 @@ void oneway_DrawChart(CDC& dc, const OnewayResult& r, TickBlock* ticks) {
     double pad = (r.graphHigh - r.graphLow) * 0.08;
     if (pad == 0.0) pad = r.graphLow != 0.0 ? std::fabs(r.graphLow) * 0.1 : 0.1;
     const double range[4] = {0.5, xMax, r.graphLow - pad, r.graphHigh + pad};
-    DrawGraphFrame(dc, range, "", msg_Text(15839), msg_Text(IDS_ANOVA_GRAPH_TITLE), GK_ANOVA, ticks);
+    DrawGraphFrame(dc, range, "", msg_Text(IDS_VALUE_LABEL), msg_Text(IDS_ANOVA_GRAPH_TITLE), GK_ANOVA, ticks);
 
     const unsigned oldAlign = dc.GetTextAlign();
     const int oldBk = dc.SetBkMode(TRANSPARENT);

@@ -15,8 +15,8 @@ void CVarTextView::WriteReport(FILE* f) {
     for (const PairRow& row : doc->Results().rows) {
         const std::string& ident = row.ident;
         // The column headed UPPER carries the lower limit, followed by a
-        // percent sign, and the one headed LOWER the upper limit: the layout
-        // analysts' listings have always had.
+        // percent sign, and the one headed LOWER the upper limit: listings
+        // already filed are read by column, so the layout stays.
         std::fprintf(f, msg_Text(16001).c_str(), ident.c_str(), row.estimate, row.lower, row.upper, row.a.min,
                      row.a.max, row.a.numObs);
         pair_WriteSecondLine(f, ident, 16002, 16042, row.b.min, row.b.max, row.b.numObs);

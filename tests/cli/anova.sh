@@ -143,7 +143,6 @@ failing() {  # failing WHAT MESSAGE ARGS...
     check "$what: stdout" "" "$out"
     check "$what: message" 1 "$(grep -c -F "$message" err.txt)"
 }
-failing "no files" "No files were specified" anova
 failing "one file" "An analysis of variance needs at least two files" anova a.dat
 failing "missing file" "File not found" anova a.dat missing.dat
 failing "time-persistent" "You must first Batch/Truncate the data." anova a.dat level.dat

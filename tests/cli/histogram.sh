@@ -89,7 +89,8 @@ message() {  # message EXPECTED ARGS...: status 1, no report, the text on stderr
     out=$("$OPROC" "$@" 2>err); status=$?
     check "$* status" 1 "$status"
     check "$* report" "" "$out"
-    check "$* message" "$expected" "$(cat err)"
+    # The text first; a second line may name what it concerns.
+    check "$* message" "$expected" "$(head -n "$(printf '%s\n' "$expected" | wc -l)" err)"
 }
 message "Cell width must be greater than 0" histogram obs.dat --width 0
 message "Invalid numeric field" histogram obs.dat --start one

@@ -73,7 +73,8 @@ message() {  # message EXPECTED ARGS...: status 1, no report, the text on stderr
     out=$("$OPROC" "$@" 2>err); status=$?
     check "$* status" 1 "$status"
     check "$* report" "" "$out"
-    check "$* message" "$expected" "$(cat err)"
+    # A second line may name what the message concerns.
+    check "$* message" "$expected" "$(head -n "$(printf '%s\n' "$expected" | wc -l)" err)"
 }
 message "The window must be smaller than the number of observations" movingaverage obs.dat --window 7
 message "Please enter an integer between 1 and 999999." movingaverage obs.dat --window 0

@@ -134,7 +134,7 @@ TEST(Startup, EveryBuiltAnalysisMakesDialogDocumentAndViews) {
             EXPECT_NE(c.defaultExt, nullptr) << c.templateName;
         }
     }
-    EXPECT_EQ(built, 11);
+    EXPECT_EQ(built, 14);
 }
 
 // The stand-in analysis: a single-file dialog with an output file, a document
