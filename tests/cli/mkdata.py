@@ -2,8 +2,8 @@
 """Data files for the conversion checks, written byte by byte from the file
 layout with struct, so that no expected byte comes from oproc itself.
 
-usage: mkdata.py PATH KIND DOUBLE REINIT SPEC
-SPEC is a list of records "t:v,t:v,..." where a value may be nan, -nan,
+usage: mkdata.py PATH KIND DOUBLE REINIT RECORDS
+RECORDS is a list of records "t:v,t:v,..." where a value may be nan, -nan,
 inf, -inf, -0, max, -max, tiny (smallest subnormal), minnorm, or 0xHEX for
 the raw bits of a double; "|" between replications makes the markers
 (-r, 0), and the last replication ends with (-n, -1) except in kind 5.
@@ -47,9 +47,9 @@ def pack(t, v, dbl):
 
 
 def main():
-    path, kind, dbl, reinit, spec = sys.argv[1:6]
+    path, kind, dbl, reinit, records = sys.argv[1:6]
     kind, dbl, reinit = int(kind), dbl == "1", reinit == "1"
-    reps = [r for r in spec.split("|")]
+    reps = records.split("|")
     out = bytearray(header(kind, f"ID{kind}", f"Kind {kind} records", reinit, dbl))
     for i, rep in enumerate(reps, 1):
         for rec in filter(None, rep.split(",")):
