@@ -1,11 +1,13 @@
 // oproc barchart FILE[@REPS] [--bars replications|observations] [--from T]
 // [--to T] [--min V] [--max V] --svg PATH: a bar per replication (its mean)
-// or per observation, written as an SVG.
+// or per observation, written as an SVG; with --format json|csv the bars
+// themselves, and the graph only when a graph form is named.
 #include "CliHost.h"
 #include "Command.h"
 #include "FileArgs.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "graph/BarchDlg.h"
 #include "group/Commands.h"
 
@@ -29,7 +31,8 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--to", g_opt.to, "Last time shown, or taken into the means (default: from the data)");
     sub->add_option("--min", g_opt.min, "Lowest value shown (default: from the data and 0)");
     sub->add_option("--max", g_opt.max, "Highest value shown (default: from the data and 0)");
-    cli_AddSvgOptions(sub, g_opt.svg, true);
+    cli_AddSvgOptions(sub, g_opt.svg, false);
+    cli_AddFormatOption(sub);
     g_opt.group.AddOption(sub);
     sub->footer(
         "Bars are replications by default when the file holds more than one and REPS is All or Lumped.\n"
@@ -39,6 +42,8 @@ CLI::App* Setup(CLI::App& app) {
 }
 
 int Run(CliIO&) {
+    // The graph is the only output of the text form.
+    if (!g_opt.svg.Any() && cli_Format() == ResultFormat::Text) throw CLI::RequiredError("--svg, --png or --pdf");
     std::vector<FileArg> files = g_opt.group.ParseFileArgs({g_opt.file});
     cli_Host().SetSvgOutput(&g_opt.svg);
     return cli_RunEntry<CBarchDlg>(g_OnBarchart, g_opt.group, [&](CBarchDlg& dlg) {

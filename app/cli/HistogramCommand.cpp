@@ -4,6 +4,7 @@
 #include "Command.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "group/Commands.h"
 #include "stats/HistDlg.h"
 
@@ -32,6 +33,7 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--cells", g_opt.cells, "Number of cells, 1 to 200 (default: enough to reach the maximum)");
     g_opt.group.AddOption(sub);
     cli_AddSvgOptions(sub, g_opt.svg, false);
+    cli_AddFormatOption(sub);
     return sub;
 }
 

@@ -8,10 +8,12 @@
 #include "Command.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "datafile/DataFile.h"
 #include "framework/Host.h"
 #include "group/Commands.h"
 #include "series/MoveDlg.h"
+#include "series/MoveExport.h"
 #include "series/Warmup.h"
 
 namespace {
@@ -46,6 +48,7 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_flag("--no-warmup", g_opt.noWarmup, "Leave out the MSER-5 warm-up suggestion");
     g_opt.group.AddOption(sub);
     cli_AddSvgOptions(sub, g_opt.svg, false);
+    cli_AddFormatOption(sub);
     return sub;
 }
 
@@ -75,15 +78,21 @@ CLI::App* SetupWarmup(CLI::App& app) {
     sub->add_option("FILE", g_warm.files, "Data files: FILE or FILE@REPS (All: Welch's series; #N: of the --group)")
         ->required();
     g_warm.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     return sub;
 }
 
 int RunWarmup(CliIO& io) {
     std::vector<FileArg> files = g_warm.group.ParseFileArgs(g_warm.files);
     if (int rc = g_warm.group.Open()) return cli_Status(rc);
-    io.out << "FILE                             REPS   OBSERVATIONS  WARM-UP (MSER-5)\n";
+    const bool text = cli_Format() == ResultFormat::Text;
+    ResultRecord record;
+    ResultValue asked = ResultValue::List();
+    ResultValue entries = ResultValue::List();
+    if (text) io.out << "FILE                             REPS   OBSERVATIONS  WARM-UP (MSER-5)\n";
     int first = 0;
     for (const FileArg& f : files) {
+        asked.Append(ResultValue::Object().Set("file", f.path).Set("reps", f.reps));
         WarmupResult r;
         const int rc = warmup_OfFile(f.path, op_ParseRepTreatment(f.reps.c_str()), &r);
         if (rc) {
@@ -91,6 +100,8 @@ int RunWarmup(CliIO& io) {
             if (!first) first = rc;
             continue;
         }
+        entries.Append(warmup_Entry(f.path, f.reps, r));
+        if (!text) continue;
         char line[256];
         std::snprintf(line, sizeof line, "%-32s %-6s %12ld  ", f.path.c_str(), f.reps.empty() ? "1" : f.reps.c_str(),
                       r.n);
@@ -99,6 +110,12 @@ int RunWarmup(CliIO& io) {
             io.out << r.mser.truncation << " observations\n";
         else
             io.out << "too few observations\n";
+    }
+    if (!text) {
+        record.parameters.Set("files", std::move(asked));
+        record.table = entries;
+        record.results.Set("files", std::move(entries));
+        cli_SetResults(std::move(record));
     }
     return cli_Status(first);
 }

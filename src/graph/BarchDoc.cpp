@@ -84,6 +84,10 @@ int CBarchDoc::InitFromDialog(CDialog& dialog) {
     m_range[1] = dlg->m_dEndTime;
     m_range[2] = dlg->m_dMinValue;
     m_range[3] = dlg->m_dMaxValue;
+    for (int i = 0; i < 4; ++i) {
+        m_results.window[i] = m_range[i];
+        m_results.given[i] = given[i];
+    }
     int rc = bars == BARS_REPLICATIONS ? LoadReplications(from, to) : LoadObservations(from, to);
     if (!rc) {
         double vLow = kInf, vHigh = -kInf, xLow = kInf, xHigh = -kInf;

@@ -29,6 +29,9 @@ struct BarchResults {
     std::string ident;
     std::string fileTitle;
     std::string title;       // the user's
+    // The display window as given: from, to, min, max (given[i] false: from the data).
+    double window[4] = {0.0, 0.0, 0.0, 0.0};
+    bool given[4] = {false, false, false, false};
     int kind = 0;
     int bars = 0;            // BARS_REPLICATIONS or BARS_OBSERVATIONS
     bool stepArea = false;   // observations of a time-persistent kind

@@ -2,6 +2,7 @@
 
 #include "graph/BarchDlg.h"
 #include "graph/BarchDoc.h"
+#include "graph/BarchExport.h"
 #include "graph/BarchartView.h"
 #include "convert/ConvertDlgs.h"
 #include "convert/ConvertViews.h"
@@ -25,6 +26,7 @@
 #include "series/MovView.h"
 #include "series/MoveDlg.h"
 #include "series/MoveDoc.h"
+#include "series/MoveExport.h"
 #include "series/SeriesExport.h"
 #include "series/StdInDlg.h"
 #include "series/StdIntTextView.h"
@@ -34,6 +36,7 @@
 #include "stats/ComprTextView.h"
 #include "stats/HistDlg.h"
 #include "stats/HistDoc.h"
+#include "stats/HistExport.h"
 #include "stats/HistTextView.h"
 #include "stats/HistView.h"
 #include "stats/IntervalExport.h"
@@ -63,7 +66,7 @@ constexpr FrameKind kSplit = FrameKind::Split;
 const GroupCommand kCommands[] = {
     {"g_OnAppend", "Append", 16393, 16027, "dat", "CAppendDoc", "CAppendView", kSingle, {}},
     {"g_OnBarchart", "Barchart", 16381, 16031, nullptr, "CBarchDoc", "CBarchartView", kSingle,
-     grp_Analysis<CBarchDlg, CBarchDoc, CBarchartView>()},
+     grp_Analysis<CBarchDlg, CBarchDoc, CBarchartView>(nullptr, grp_Results<CBarchDoc, barch_ResultRecord>)},
     {"g_OnComparison", "Comparison", 16382, 16020, nullptr, "CComprDoc", "CComprView", kSplit,
      grp_Analysis<CComprDlg, CComprDoc, CComprView, CComprTextView>(nullptr,
                                                                      grp_Results<CComprDoc, st_CompareRecord>)},
@@ -77,7 +80,7 @@ const GroupCommand kCommands[] = {
      grp_Analysis<CFiltrDlg, CFiltrDoc, CFiltrView>(grp_OutputField<CFiltrDlg, &CFiltrDlg::m_strOutFile>,
                                                     grp_Results<CFiltrDoc, filtr_ResultRecord>)},
     {"g_OnHistogram", "Histogram", 16384, 16033, nullptr, "CHistDoc", "CHistView", kSplit,
-     grp_Analysis<CHistDlg, CHistDoc, CHistView, CHistTextView>()},
+     grp_Analysis<CHistDlg, CHistDoc, CHistView, CHistTextView>(nullptr, grp_Results<CHistDoc, hist_ResultRecord>)},
     {"g_OnImport", "Import", 16396, 16034, "dat", "CImprtDoc", "CImprtView", kSingle,
      grp_Analysis<CImprtDlg, CImprtDoc, CImprtView>(grp_OutputField<CImprtDlg, &CImprtDlg::m_strOutFile>)},
     {"g_OnInterval", "Intervals", 16385, 16021, nullptr, "CIntrvlDoc", "CIntrvlView", kSplit,
@@ -86,7 +89,8 @@ const GroupCommand kCommands[] = {
     {"g_OnLoad", "Load", 16397, 16035, "dat", "CLoadDoc", "CLoadView", kSingle,
      grp_Analysis<CLoadDlg, CLoadDoc, CLoadView>(grp_OutputField<CLoadDlg, &CLoadDlg::m_strOutFile>)},
     {"g_OnMovingAverage", "MovingAverage", 16386, 16036, "dat", "CMoveDoc", "CMovView", kSplit,
-     grp_Analysis<CMoveDlg, CMoveDoc, CMovView, CMovTextView>(grp_OutputField<CMoveDlg, &CMoveDlg::m_strOutFile>)},
+     grp_Analysis<CMoveDlg, CMoveDoc, CMovView, CMovTextView>(grp_OutputField<CMoveDlg, &CMoveDlg::m_strOutFile>,
+                                                              grp_Results<CMoveDoc, move_ResultRecord>)},
     {"g_OnOneway", "OnewayVariance", 16387, 16022, nullptr, "COnewyDoc", "COnewyView", kSplit,
      grp_Analysis<COnewyDlg, COnewyDoc, COnewyView, COnewyTextView>(nullptr,
                                                                      grp_Results<COnewyDoc, st_OnewayRecord>)},

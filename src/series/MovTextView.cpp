@@ -61,7 +61,7 @@ void CMovTextView::WriteReport(FILE* f) {
     whole("Window", r.window);
     string("Method", r.method == MOVE_TRAILING ? "Trailing (forecasting)" : "Centred (smoothing)");
     whole("Number of observations", r.n);
-    whole("Smoothed values", static_cast<long>(r.smoothed.size()));
+    whole("Smoothed values", r.smoothedCount);
     if (!doc->m_strOutFile.empty()) string("Smoothed series stored in file", doc->m_strOutFile);
 
     if (r.method == MOVE_TRAILING) {

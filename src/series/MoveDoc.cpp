@@ -72,5 +72,10 @@ int CMoveDoc::Compute() {
     for (std::size_t k = 0; out.Active() && k < r.smoothed.size(); ++k)
         out.Put(static_cast<double>(r.firstSmoothed) + static_cast<double>(k), r.smoothed[k]);
     out.Put(MARK_END, MARK_END);
+    r.smoothedCount = static_cast<long>(r.smoothed.size());
+    if (r.smoothed.size() > MoveResults::kKeptSmoothed) {
+        r.smoothed.resize(MoveResults::kKeptSmoothed);
+        r.smoothed.shrink_to_fit();
+    }
     return out.Commit();
 }

@@ -13,11 +13,16 @@
 
 // The result record: what the report, the graph and the results for scripts read.
 struct MoveResults {
+    static constexpr std::size_t kKeptSmoothed = 100000;
+
     long n = 0;        // observations in the series
     int reps = 1;      // replications averaged (Welch's series under "All")
     int window = 1;
     MoveMethod method = MOVE_CENTRED;
-    std::vector<double> smoothed;  // from observation number move_FirstSmoothed
+    // The first kKeptSmoothed smoothed values, from observation number
+    // firstSmoothed, of smoothedCount (the --out file holds them all).
+    std::vector<double> smoothed;
+    long smoothedCount = 0;
     long firstSmoothed = 1;
     bool warmupRun = false;
     MserResult mser;  // when warmupRun

@@ -231,6 +231,61 @@ def check_group(case, text, res):
         fail(case, "the files' lines differ from the listing")
 
 
+def check_histogram(case, text, res):
+    check_labels(case, text, res, {
+        "Number of observations": "n", "Total time": "n", "Mean": "mean", "Time-weighted mean": "mean",
+        "Standard deviation": "sd", "Time-weighted standard deviation": "sd", "Minimum": "min", "Maximum": "max",
+        "Observations below first cell": "below", "Time below first cell": "below",
+        "Observations at or above last cell": "above", "Time at or above last cell": "above",
+    })
+    lines = [numbers(l) for l in text.splitlines() if len(numbers(l)) == 5 and len(l.split()) == 5]
+    if len(lines) != len(res["cells"]):
+        fail(case, f"{len(lines)} cell lines, {len(res['cells'])} cells")
+    for tokens, cell in zip(lines, res["cells"]):
+        compare(case, f"cell {cell['lower']}", tokens, cell, ["lower", "upper", "count", "relative", "cumulative"])
+    total = sum(c["relative"] for c in res["cells"]) + res["below_relative"] + res["above_relative"]
+    if abs(total - 1) > 1e-12:
+        fail(case, f"relative frequencies sum to {total!r}")
+
+
+def check_movingaverage(case, text, res):
+    check_labels(case, text, res, {
+        "Window": "window", "Number of observations": "n", "Smoothed values": "smoothed_values",
+        "Next forecast": "forecast",
+        "One-step forecasts compared": "forecasts_compared", "Mean absolute deviation": "mad",
+        "Mean squared error": "mse", "Mean absolute percentage error": "mape",
+        "Suggested warm-up (MSER-5), observations": "warmup_observations",
+        "Batches of 5 truncated": "mser_best_d", "Batches of 5 in the series": "mser_batches",
+    })
+    kept = min(res["smoothed_values"], 100000)
+    if len(res["smoothed"]) != kept or res["smoothed_omitted"] != (res["smoothed_values"] > kept):
+        fail(case, f"{len(res['smoothed'])} smoothed values of {res['smoothed_values']}")
+    curve = [p["value"] for p in res["mser_curve"]]
+    if curve and curve.index(min(curve)) != res["mser_best_d"]:
+        fail(case, f"mser_best_d {res['mser_best_d']} is not where the curve is lowest")
+
+
+def check_warmup(case, text, res):
+    lines = [l.split() for l in text.splitlines()[1:]]
+    found = [(int(l[2]), None if l[3] == "too" else int(l[3])) for l in lines]
+    listed = [(f["n"], f["warmup_observations"]) for f in res["files"]]
+    if found != listed:
+        fail(case, f"files {listed} against the report's {found}")
+
+
+def check_barchart(case, text, res):
+    # No report: the replications' means against interval's, a separate calculation.
+    if res["bars_are"] != "replications":
+        return
+    run = subprocess.run([OPROC, "interval", "--format", "json", case[1]], capture_output=True, text=True)
+    means = [e["mean"] for e in json.loads(run.stdout)["results"]["entries"] if e["n"] > 0]
+    heights = [b["height"] for b in res["bars"]]
+    if len(means) != len(heights) or any(abs(a - b) > 1e-12 * abs(a) for a, b in zip(means, heights)):
+        fail(case, f"bar heights {heights} against interval's means {means}")
+    if abs(res["mean_of_bars"] - sum(heights) / len(heights)) > 1e-12 * abs(res["mean_of_bars"]):
+        fail(case, f"mean_of_bars {res['mean_of_bars']!r}")
+
+
 CHECKS = {
     "info": check_info,
     "group": check_group,
@@ -242,6 +297,10 @@ CHECKS = {
     "batch": check_batch,
     "correlogram": check_correlogram,
     "anova": check_anova,
+    "histogram": check_histogram,
+    "movingaverage": check_movingaverage,
+    "warmup": check_warmup,
+    "barchart": check_barchart,
 }
 
 OBS = ["--batch-type", "Observation"]
@@ -274,6 +333,18 @@ CASES = [
     ["anova", "one.dat", "reps.dat@1", "offset.dat"],
     ["anova", "--unequal-variances", "waits.dat@1", "waits.dat@2"],
     ["anova", "one.dat"],
+    ["histogram", "waits.dat@All"],
+    ["histogram", "queue.dat@All", "--start", "2", "--width", "5", "--cells", "4"],
+    ["histogram", "nan.dat", "--cells", "3"],
+    ["histogram", "missing.dat"],
+    ["movingaverage", "waits.dat@All", "--window", "25"],
+    ["movingaverage", "offset.dat", "--window", "2", "--method", "trailing"],
+    ["movingaverage", "one.dat", "--window", "1"],
+    ["warmup", "waits.dat@All", "waits.dat@2", "reps.dat@All", "one.dat"],
+    ["warmup", "waits.dat@1", "missing.dat"],
+    ["barchart", "waits.dat@All", "--svg", "bars.svg"],
+    ["barchart", "queue.dat@1", "--to", "50", "--svg", "bars.svg"],
+    ["barchart", "missing.dat", "--svg", "bars.svg"],
 ]
 
 
@@ -308,7 +379,13 @@ def check_case(case):
     CHECKS[case[0]](case, text, doc["results"])
     table = list(csv.DictReader(io.StringIO(cout, newline="")))
     expected = {"info": "files", "group": "files", "interval": "entries", "sdinterval": "entries", "stdinterval": "entries", "compare": "pairs",
-                "vartest": "pairs", "anova": "comparisons"}.get(case[0])
+                "vartest": "pairs", "anova": "comparisons", "histogram": "cells", "warmup": "files",
+                "barchart": "bars"}.get(case[0])
+    if case[0] == "movingaverage":
+        res = doc["results"]
+        got = [(int(r["obs"]), float(r["smoothed"])) for r in table]
+        if got != [(res["first_smoothed"] + k, v) for k, v in enumerate(res["smoothed"])]:
+            fail(case, "CSV rows differ from the JSON's smoothed values")
     if expected:
         if len(table) != len(doc["results"][expected]):
             fail(case, f"{len(table)} CSV rows for {len(doc['results'][expected])} in JSON")
