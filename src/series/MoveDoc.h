@@ -1,7 +1,10 @@
 // The moving average document: one data file's series (Welch's series under
 // "All"), smoothed by a centred or a trailing moving average, the one-step
 // forecast errors of the trailing one, and the MSER-5 warm-up suggestion;
-// optionally the smoothed series saved as a data file.
+// optionally the smoothed series saved as a data file. One replication, or
+// lumped ones, stream through in one read, holding the window, MSER-5's
+// batch means and the graph's points; Welch's series is held, as long as the
+// shortest replication.
 #pragma once
 
 #include <string>
@@ -37,8 +40,6 @@ struct MoveResults {
 class CMoveDoc : public CSingleDoc {
 public:
     static constexpr int kOpenFailed = -1;
-    // Runs of the series drawn per graph point pair; more than any plot area's columns.
-    static constexpr std::size_t kGraphBuckets = 8192;
 
     CSingleDoc* CreateSibling() override { return new CMoveDoc; }
     // Takes a validated CMoveDlg's fields, opens the file and computes.

@@ -1,116 +1,141 @@
 #include "series/MovingAverage.h"
 
-#include <cmath>
 #include <algorithm>
 #include <limits>
 
-namespace {
+CMovingAverage::CMovingAverage(int window, MoveMethod method)
+    : m_w(std::max(window, 1)),
+      m_method(method),
+      m_ring(static_cast<std::size_t>(method == MOVE_TRAILING ? m_w : 2 * m_w + 1)) {}
 
-// Neumaier's compensated sum: s + c carries the exact sum's digits.
-struct CompensatedSum {
-    double s = 0.0;
-    double c = 0.0;
-
-    void Add(double x) {
-        const double t = s + x;
-        if (std::fabs(s) >= std::fabs(x))
-            c += (s - t) + x;
-        else
-            c += (x - t) + s;
-        s = t;
-    }
-    double Value() const { return s + c; }
-};
-
-}  // namespace
-
-std::vector<double> move_Smooth(const std::vector<double>& y, int window, MoveMethod method) {
-    std::vector<double> out;
-    const long n = static_cast<long>(y.size());
-    const long w = window;
-    if (w < 1 || n <= w) return out;
-    out.reserve(static_cast<std::size_t>(method == MOVE_TRAILING ? n - w + 1 : n - w));
-    CompensatedSum sum;
-    // The window holds y[lo] .. y[hi - 1] (0-based).
-    long lo = 0, hi = 0;
-    auto slide = [&](long newLo, long newHi) {
-        while (hi < newHi) sum.Add(y[static_cast<std::size_t>(hi++)]);
-        while (lo < newLo) sum.Add(-y[static_cast<std::size_t>(lo++)]);
-        return sum.Value() / static_cast<double>(hi - lo);
-    };
-    if (method == MOVE_TRAILING) {
-        for (long i = w; i <= n; ++i) out.push_back(slide(i - w, i));
-    } else {
-        for (long i = 1; i <= n - w; ++i) out.push_back(i <= w ? slide(0, 2 * i - 1) : slide(i - w - 1, i + w));
-    }
-    return out;
+void CMovingAverage::Add(const double* y, std::size_t n, std::vector<double>& out) {
+    if (m_method == MOVE_TRAILING)
+        AddTrailing(y, n, out);
+    else
+        AddCentred(y, n, out);
 }
 
-ForecastErrors move_ForecastErrors(const std::vector<double>& y, const std::vector<double>& trailing, int window) {
-    ForecastErrors e;
-    CompensatedSum abs, sq, pct;
+void CMovingAverage::AddCentred(const double* y, std::size_t n, std::vector<double>& out) {
+    const long span = 2 * m_w + 1;
+    std::size_t i = 0;
+    // The start: windows Y(1) .. Y(j) for odd j, which a series shorter than
+    // 2w cuts short; from j = 2w on every one of them is wanted.
+    for (; i < n && m_n < span; ++i) {
+        m_sum.Add(y[i]);
+        m_ring[static_cast<std::size_t>(m_n)] = y[i];
+        const long j = ++m_n;
+        if (j % 2 == 1 && j < span) m_start.push_back(m_sum.Value() / static_cast<double>(j));
+        if (j == 2 * m_w) {
+            out.insert(out.end(), m_start.begin(), m_start.end());
+            m_start.clear();
+        }
+        if (j == span) out.push_back(m_sum.Value() / static_cast<double>(span));
+    }
+    if (i == n) return;
+    // Full windows: Y(j) comes in, Y(j - 2w - 1) goes out, in that order.
+    const double size = static_cast<double>(span);
+    double* ring = m_ring.data();
+    std::size_t slot = m_slot;
+    const std::size_t ringSize = m_ring.size();
+    const std::size_t base = out.size();
+    out.resize(base + (n - i));
+    double* o = out.data() + base;
+    // A local sum: stores to the ring and out could otherwise alias it and
+    // keep it in memory, which would lengthen the chain of additions.
+    Sum sum = m_sum;
+    for (; i < n; ++i) {
+        sum.AddDifference(y[i], ring[slot]);
+        ring[slot] = y[i];
+        if (++slot == ringSize) slot = 0;
+        *o++ = sum.Value() / size;
+    }
+    m_sum = sum;
+    m_slot = slot;
+    m_n += static_cast<long>(o - (out.data() + base));
+}
+
+void CMovingAverage::AddTrailing(const double* y, std::size_t n, std::vector<double>& out) {
+    std::size_t i = 0;
+    for (; i < n && m_n < m_w; ++i) {
+        m_sum.Add(y[i]);
+        m_ring[static_cast<std::size_t>(m_n)] = y[i];
+        if (++m_n == m_w) {
+            m_last = m_sum.Value() / static_cast<double>(m_w);
+            out.push_back(m_last);
+        }
+    }
+    if (i == n) return;
+    const double size = static_cast<double>(m_w);
+    double* ring = m_ring.data();
+    const std::size_t ringSize = m_ring.size();
+    std::size_t slot = m_slot;
+    Sum sum = m_sum, abs = m_abs, sq = m_sq, pct = m_pct;
+    double last = m_last;
     bool zero = false;
-    // trailing[k] = M(w + k) forecasts y(w + k + 1), 0-based y[w + k].
-    for (std::size_t k = 0; k + 1 < trailing.size(); ++k) {
-        const double actual = y[static_cast<std::size_t>(window) + k];
-        const double err = actual - trailing[k];
+    const std::size_t base = out.size();
+    out.resize(base + (n - i));
+    double* o = out.data() + base;
+    for (std::size_t k = i; k < n; ++k) {
+        // Y(j) against its forecast M(j - 1), then the window moves on.
+        const double actual = y[k];
+        const double err = actual - last;
         abs.Add(std::fabs(err));
         sq.Add(err * err);
         if (actual == 0.0)
             zero = true;
         else
             pct.Add(std::fabs(err / actual));
-        ++e.count;
+        sum.AddDifference(actual, ring[slot]);
+        ring[slot] = actual;
+        if (++slot == ringSize) slot = 0;
+        last = sum.Value() / size;
+        *o++ = last;
     }
+    m_sum = sum;
+    m_abs = abs;
+    m_sq = sq;
+    m_pct = pct;
+    m_last = last;
+    m_slot = slot;
+    m_zero = m_zero || zero;
+    m_compared += static_cast<long>(n - i);
+    m_n += static_cast<long>(n - i);
+}
+
+void CMovingAverage::Finish(std::vector<double>& out) {
+    if (m_method != MOVE_CENTRED || m_n >= 2 * m_w) return;
+    // Windows centred past n - w would reach beyond the series.
+    const long keep = std::max(0L, m_n - m_w);
+    out.insert(out.end(), m_start.begin(), m_start.begin() + std::min(keep, static_cast<long>(m_start.size())));
+    m_start.clear();
+}
+
+ForecastErrors CMovingAverage::Errors() const {
+    ForecastErrors e;
+    e.count = m_compared;
     if (e.count == 0) {
         e.mad = e.mse = e.mape = std::numeric_limits<double>::quiet_NaN();
         return e;
     }
     const double n = static_cast<double>(e.count);
-    e.mad = abs.Value() / n;
-    e.mse = sq.Value() / n;
-    e.mape = zero ? std::numeric_limits<double>::quiet_NaN() : 100.0 * pct.Value() / n;
+    e.mad = m_abs.Value() / n;
+    e.mse = m_sq.Value() / n;
+    e.mape = m_zero ? std::numeric_limits<double>::quiet_NaN() : 100.0 * m_pct.Value() / n;
     return e;
 }
 
-void move_GraphPoints(const std::vector<double>& v, long first, std::size_t buckets, std::vector<double>* xs,
-                      std::vector<double>* ys) {
-    xs->clear();
-    ys->clear();
-    const std::size_t n = v.size();
-    if (n == 0 || buckets == 0) return;
-    const std::size_t run = (n + buckets - 1) / buckets;
-    auto put = [&](std::size_t i) {
-        xs->push_back(static_cast<double>(first) + static_cast<double>(i));
-        ys->push_back(v[i]);
-    };
-    for (std::size_t lo = 0; lo < n; lo += run) {
-        const std::size_t hi = std::min(n, lo + run);
-        // The extremes first, without branches and four apart so that the
-        // comparisons do not wait on each other; then where they are.
-        double low[4], high[4];
-        for (int j = 0; j < 4; ++j) low[j] = high[j] = v[lo];
-        std::size_t i = lo;
-        for (; i + 4 <= hi; i += 4)
-            for (int j = 0; j < 4; ++j) {
-                low[j] = std::min(low[j], v[i + j]);
-                high[j] = std::max(high[j], v[i + j]);
-            }
-        for (; i < hi; ++i) {
-            low[0] = std::min(low[0], v[i]);
-            high[0] = std::max(high[0], v[i]);
-        }
-        const double lowest = std::min(std::min(low[0], low[1]), std::min(low[2], low[3]));
-        const double highest = std::max(std::max(high[0], high[1]), std::max(high[2], high[3]));
-        std::size_t at = lo;
-        while (at < hi && v[at] != lowest && v[at] != highest) ++at;
-        if (at == hi) at = lo;  // NaN extremes: the run's first point
-        put(at);
-        const double other = v[at] == lowest ? highest : lowest;
-        if (other != v[at]) {
-            std::size_t second = at + 1;
-            while (second < hi && v[second] != other) ++second;
-            if (second < hi) put(second);
-        }
-    }
+std::vector<double> move_Smooth(const std::vector<double>& y, int window, MoveMethod method) {
+    std::vector<double> out;
+    if (window < 1) return out;
+    CMovingAverage average(window, method);
+    average.Add(y.data(), y.size(), out);
+    average.Finish(out);
+    return out;
+}
+
+ForecastErrors move_ForecastErrors(const std::vector<double>& y, int window) {
+    std::vector<double> out;
+    CMovingAverage average(window, MOVE_TRAILING);
+    average.Add(y.data(), y.size(), out);
+    return average.Errors();
 }

@@ -1,14 +1,28 @@
 #include "series/Mser.h"
 
 MserResult mser_Five(const std::vector<double>& y) {
-    const long m = static_cast<long>(y.size()) / kMserBatch;
-    std::vector<double> z(static_cast<std::size_t>(m));
-    for (long j = 0; j < m; ++j) {
-        double s = 0.0;
-        for (int k = 0; k < kMserBatch; ++k) s += y[static_cast<std::size_t>(j * kMserBatch + k)];
-        z[static_cast<std::size_t>(j)] = s / kMserBatch;
+    CMserBatches batches;
+    batches.Add(y.data(), y.size());
+    return batches.Finish();
+}
+
+void CMserBatches::Add(const double* y, std::size_t n) {
+    std::size_t i = 0;
+    while (i < n && m_in > 0) {
+        m_sum += y[i++];
+        if (++m_in == kMserBatch) {
+            m_means.push_back(m_sum / kMserBatch);
+            m_sum = 0.0;
+            m_in = 0;
+        }
     }
-    return mser_FromBatchMeans(std::move(z));
+    // Whole batches straight from the run.
+    for (; i + kMserBatch <= n; i += kMserBatch) {
+        double s = 0.0;
+        for (int k = 0; k < kMserBatch; ++k) s += y[i + static_cast<std::size_t>(k)];
+        m_means.push_back(s / kMserBatch);
+    }
+    for (; i < n; ++i, ++m_in) m_sum += y[i];
 }
 
 MserResult mser_FromBatchMeans(std::vector<double> z) {

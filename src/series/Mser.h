@@ -11,6 +11,8 @@
 // and no difference of large sums is taken.
 #pragma once
 
+#include <cstddef>
+#include <utility>
 #include <vector>
 
 inline constexpr int kMserBatch = 5;
@@ -25,3 +27,19 @@ struct MserResult {
 MserResult mser_Five(const std::vector<double>& y);
 // The same from the batch means Z(1) .. Z(m) themselves.
 MserResult mser_FromBatchMeans(std::vector<double> z);
+
+// The batch means of a series as it streams by; only they are held (a fifth
+// of the series).
+class CMserBatches {
+public:
+    // Room for the batch means of a series of about n observations.
+    void Reserve(std::size_t n) { m_means.reserve(n / kMserBatch); }
+    void Add(const double* y, std::size_t n);
+    // The result; the batch means are handed over, so once only.
+    MserResult Finish() { return mser_FromBatchMeans(std::move(m_means)); }
+
+private:
+    std::vector<double> m_means;
+    double m_sum = 0.0;
+    int m_in = 0;  // observations in the batch being summed
+};

@@ -43,9 +43,20 @@ TEST(MovingAverageTest, AgainstConvolution) {
           3.5999999999999996, 4.633333333333333, 4.833333333333334, 4.7, 4.333333333333333, 4.966666666666667,
           6.133333333333333, 6.633333333333333, 3.9666666666666663, 2.7}},
     };
-    for (const Case& c : cases) ExpectClose(move_Smooth(kSeries, 3, c.method), c.expected);
-    // A window as long as the series leaves nothing to smooth.
+    for (const Case& c : cases) {
+        ExpectClose(move_Smooth(kSeries, 3, c.method), c.expected);
+        // The same when the series arrives one value at a time.
+        CMovingAverage average(3, c.method);
+        std::vector<double> out;
+        for (double y : kSeries) average.Add(&y, 1, out);
+        average.Finish(out);
+        ExpectClose(out, c.expected);
+    }
+    // A window as long as the series leaves nothing to smooth; a series
+    // shorter than 2w keeps only the start's windows centred at most n - w:
+    // y = 1..5, w = 3 gives mean(1) and mean(1, 2, 3).
     EXPECT_TRUE(move_Smooth({1.0, 2.0}, 2, MOVE_CENTRED).empty());
+    ExpectClose(move_Smooth({1, 2, 3, 4, 5}, 3, MOVE_CENTRED), {1.0, 2.0});
 }
 
 TEST(MovingAverageTest, ForecastErrors) {
@@ -53,7 +64,7 @@ TEST(MovingAverageTest, ForecastErrors) {
     // MSE 10.75/3, MAPE 100 (1.5/3 + 1.5/4 + 2.5/6) / 3 = 43.0556.
     const std::vector<double> y = {1, 2, 3, 4, 6};
     const std::vector<double> m = move_Smooth(y, 2, MOVE_TRAILING);
-    ForecastErrors e = move_ForecastErrors(y, m, 2);
+    ForecastErrors e = move_ForecastErrors(y, 2);
     EXPECT_EQ(m.back(), 5.0);
     EXPECT_EQ(e.count, 3);
     EXPECT_NEAR(e.mad, 5.5 / 3, 1e-14);
@@ -61,7 +72,7 @@ TEST(MovingAverageTest, ForecastErrors) {
     EXPECT_NEAR(e.mape, 100.0 * (0.5 + 0.375 + 2.5 / 6) / 3, 1e-12);
     // An actual value of 0 leaves the percentage error out.
     const std::vector<double> z = {1, 2, 0, 4};
-    EXPECT_TRUE(std::isnan(move_ForecastErrors(z, move_Smooth(z, 2, MOVE_TRAILING), 2).mape));
+    EXPECT_TRUE(std::isnan(move_ForecastErrors(z, 2).mape));
 }
 
 TEST(MovingAverageTest, WelchSeriesUsesTheShortestReplication) {
