@@ -100,6 +100,7 @@ run "histogram, 100 cells given" "$oproc" histogram "$file" --start 0 --width 1 
 run "histogram, default cells" "$oproc" histogram "$file"
 run "moving average, w = 100" "$oproc" movingaverage "$file" --window 100
 run "warmup (MSER-5)" "$oproc" warmup "$file"
+run "table to CSV" "$oproc" table "$file" --format csv
 if python3 -c 'import numpy, scipy' 2>/dev/null; then
     for what in interval batch correlogram; do
         run "numpy/scipy $what" python3 "$here/numpy_ref.py" "$what" "$file"

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <memory>
 #include <ostream>
 
 #include "datafile/FileGlobals.h"
@@ -42,18 +43,48 @@ void TrimRight(std::string& line, std::size_t from) {
 }
 
 // The shortest text that reads back to the stored number, in the precision of
-// the file it came from.
-void AppendNumber(std::string& out, double v, bool isDouble) {
-    char text[32];
+// the file it came from, written at p (room for 32 characters); the end.
+char* PutNumber(char* p, double v, bool isDouble) {
     // Whole numbers (simulation clocks often are) print the same through the
     // integer conversion, at a fraction of the cost of the shortest-digits search.
-    if (v == std::trunc(v) && std::fabs(v) < 1e15 && !(v == 0.0 && std::signbit(v))) {
-        out.append(text, std::to_chars(text, text + sizeof text, static_cast<std::int64_t>(v)).ptr);
-        return;
+    if (v == std::trunc(v) && std::fabs(v) < 1e15 && !(v == 0.0 && std::signbit(v)))
+        return std::to_chars(p, p + 32, static_cast<std::int64_t>(v)).ptr;
+    return isDouble ? std::to_chars(p, p + 32, v).ptr : std::to_chars(p, p + 32, static_cast<float>(v)).ptr;
+}
+
+void AppendNumber(std::string& out, double v, bool isDouble) {
+    char text[32];
+    out.append(text, PutNumber(text, v, isDouble));
+}
+
+// The CSV rows straight into one large buffer, handed on in writes of about
+// kChunk: no string grows, and a number is written where it stays.
+int WriteCsvRows(std::ostream& out, CTableRows& rows, const std::vector<char>& isDouble) {
+    const std::size_t n = isDouble.size();
+    const std::size_t rowMax = 24 + n * 2 * 34 + 2;
+    std::unique_ptr<char[]> store(new char[kChunk + rowMax]);
+    char* const begin = store.get();
+    char* const flushAt = begin + kChunk;
+    char* p = begin;
+    TableRow row;
+    while (rows.Next(&row)) {
+        // A replication end is a row without a number.
+        if (!row.IsRepEnd()) p = std::to_chars(p, p + 24, row.obs).ptr;
+        for (std::size_t i = 0; i < n; ++i) {
+            const TableCell& c = row.cells[i];
+            *p++ = ',';
+            if (c.filled) p = PutNumber(p, c.time, isDouble[i]);
+            *p++ = ',';
+            if (c.filled) p = PutNumber(p, c.value, isDouble[i]);
+        }
+        *p++ = '\n';
+        if (p >= flushAt) {
+            out.write(begin, p - begin);
+            p = begin;
+        }
     }
-    std::to_chars_result r = isDouble ? std::to_chars(text, text + sizeof text, v)
-                                      : std::to_chars(text, text + sizeof text, static_cast<float>(v));
-    out.append(text, r.ptr);
+    out.write(begin, p - begin);
+    return rows.Error();
 }
 
 void AppendJsonNumber(std::string& out, double v, bool isDouble) {
@@ -231,23 +262,19 @@ int CTableView::WriteAll(std::ostream& out, ReportFormat format) {
     std::vector<char> isDouble(n);
     for (std::size_t i = 0; i < n; ++i) isDouble[i] = r.files[i].isDouble;
     CTableRows& rows = doc->Rows();
+    if (format == ReportFormat::Csv) {
+        Flush(out, buf, true);
+        const int rc = WriteCsvRows(out, rows, isDouble);
+        out.flush();
+        if (rc) AfxMessageBox(rc);
+        return rc;
+    }
     TableRow row;
     bool firstRow = true;
     char num[24];
     while (rows.Next(&row)) {
         if (format == ReportFormat::Text) {
             AppendTextLine(row, buf);
-        } else if (format == ReportFormat::Csv) {
-            // A replication end is a row without a number.
-            if (!row.IsRepEnd()) buf.append(num, std::to_chars(num, num + sizeof num, row.obs).ptr);
-            for (std::size_t i = 0; i < n; ++i) {
-                const TableCell& c = row.cells[i];
-                buf += ',';
-                if (c.filled) AppendNumber(buf, c.time, isDouble[i]);
-                buf += ',';
-                if (c.filled) AppendNumber(buf, c.value, isDouble[i]);
-            }
-            buf += '\n';
         } else {
             // [obs, time_1, value_1, ...] with null for an empty cell; [] for a replication end.
             buf += firstRow ? "\n[" : ",\n[";
