@@ -89,11 +89,13 @@ CommandDialog::CommandDialog(CDialog& dlg, const QString& caption, const QString
                              this, tr("Data File"), QString(), QtHost::QtFileFilter(msg_Text(IDS_SINGLE_FILE_FILTER)));
                          if (!path.isEmpty()) m_file->setEditText(path);
                      }));
-        m_reps = EditableCombo({QStringLiteral("All"), QStringLiteral("Lumped")}, 128);
-        m_reps->setObjectName(QStringLiteral("reps"));
-        form->addRow(tr("&Replications:"), m_reps);
         m_focus[DlgControl::DataFile] = m_file;
-        m_focus[DlgControl::Replications] = m_reps;
+        if (static_cast<CBaseDlg&>(dlg).TakesReplications()) {
+            m_reps = EditableCombo({QStringLiteral("All"), QStringLiteral("Lumped")}, 128);
+            m_reps->setObjectName(QStringLiteral("reps"));
+            form->addRow(tr("&Replications:"), m_reps);
+            m_focus[DlgControl::Replications] = m_reps;
+        }
     } else if (bool pairs = dynamic_cast<CBasePairsDlg*>(&dlg) != nullptr; pairs || dynamic_cast<CBaseMultiDlg*>(&dlg)) {
         m_list = new FileListWidget(pairs ? 2 : 1, groupFiles, selectedFile);
         auto* box = new QGroupBox(pairs ? tr("File &Pairs") : tr("Data &Files"));
@@ -128,14 +130,17 @@ CommandDialog::CommandDialog(CDialog& dlg, const QString& caption, const QString
             case DlgField::Kind::Check:
                 widget = new QCheckBox(Q(f.label));
                 break;
-            case DlgField::Kind::SaveFile: {
+            case DlgField::Kind::SaveFile:
+            case DlgField::Kind::OpenFile: {
                 auto* edit = new QLineEdit;
                 if (limit > 0) edit->setMaxLength(limit);
                 widget = edit;
                 QString filter = QtHost::QtFileFilter(f.filter);
-                row = WithBrowse(edit, tr("Bro&wse..."), [this, edit, filter] {
-                    QString path = QFileDialog::getSaveFileName(this, QString(), edit->text(), filter, nullptr,
-                                                                QFileDialog::DontConfirmOverwrite);
+                bool save = f.kind == DlgField::Kind::SaveFile;
+                row = WithBrowse(edit, tr("Bro&wse..."), [this, edit, filter, save] {
+                    QString path = save ? QFileDialog::getSaveFileName(this, QString(), edit->text(), filter, nullptr,
+                                                                       QFileDialog::DontConfirmOverwrite)
+                                        : QFileDialog::getOpenFileName(this, QString(), edit->text(), filter);
                     if (!path.isEmpty()) edit->setText(path);
                 });
                 break;
@@ -167,7 +172,7 @@ QWidget* CommandDialog::FieldWidget(const QString& key) const {
 void CommandDialog::Load() {
     if (auto* single = dynamic_cast<CBaseDlg*>(&m_dlg)) {
         m_file->setEditText(Q(single->m_strFile));
-        m_reps->setEditText(Q(single->m_strReps));
+        if (m_reps) m_reps->setEditText(Q(single->m_strReps));
     } else if (auto* multi = dynamic_cast<CBaseMultiDlg*>(&m_dlg)) {
         QList<QStringList> rows;
         for (const CMultiFileItem& item : multi->m_items) rows << Cells(item);
@@ -192,7 +197,7 @@ void CommandDialog::Load() {
 void CommandDialog::Store() {
     if (auto* single = dynamic_cast<CBaseDlg*>(&m_dlg)) {
         single->m_strFile = Utf8(m_file->currentText().trimmed());
-        single->m_strReps = Utf8(m_reps->currentText().trimmed());
+        if (m_reps) single->m_strReps = Utf8(m_reps->currentText().trimmed());
     } else if (auto* multi = dynamic_cast<CBaseMultiDlg*>(&m_dlg)) {
         std::vector<CMultiFileItem> items;
         const QList<QStringList> rows = m_list->Rows();

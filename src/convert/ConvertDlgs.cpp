@@ -22,6 +22,36 @@ int CheckTextSource(const std::string& file, const std::string& out, DlgControl*
     return 0;
 }
 
+DlgField SourceField(std::string& file, const char* filter) {
+    DlgField f = dlg_TextField("source", "&Text File:", DlgControl::DataFile, file, 255);
+    f.kind = DlgField::Kind::OpenFile;
+    f.filter = filter;
+    return f;
+}
+
+DlgField OutputField(std::string& file, const char* label, std::string filter) {
+    DlgField f = dlg_TextField("outFile", label, DlgControl::OutputFile, file, 255);
+    f.kind = DlgField::Kind::SaveFile;
+    f.filter = std::move(filter);
+    return f;
+}
+
+// Single or double precision records, or what the configuration says.
+DlgField PrecisionField(int& precision) {
+    DlgField f;
+    f.kind = DlgField::Kind::Choice;
+    f.key = "precision";
+    f.label = "&Precision:";
+    f.value = &precision;
+    f.items = {"As Configured", "Double (8-byte records)", "Single (4-byte records)"};
+    f.values = {-1, 1, 0};
+    return f;
+}
+
+constexpr const char* kExportFilter = "Export Files (*.dax)|*.dax|All Files (*.*)|*.*||";
+constexpr const char* kTextFilter = "Text Files (*.txt;*.csv)|*.txt;*.csv|All Files (*.*)|*.*||";
+constexpr int IDS_DATA_FILE_FILTER = 15912;
+
 }  // namespace
 
 std::string conv_DefaultOutput(const std::string& source, const char* ext) {
@@ -43,6 +73,28 @@ int CExprtDlg::Validate(int*) {
     return 0;
 }
 
+std::vector<DlgField> CExprtDlg::Fields() {
+    return {OutputField(m_strOutFile, "&Export to File:", kExportFilter)};
+}
+
+std::vector<DlgField> CImprtDlg::Fields() {
+    DlgField source = SourceField(m_strFile, kExportFilter);
+    source.label = "&Export File:";
+    return {source, OutputField(m_strOutFile, "&Data File:", msg_Text(IDS_DATA_FILE_FILTER)),
+            PrecisionField(m_nPrecision)};
+}
+
+std::vector<DlgField> CLoadDlg::Fields() {
+    DlgField kind = dlg_TextField("kind", "Data &Kind (1 to 7):", DlgControl::DataKind, m_strKind);
+    for (int k = 1; k <= 7; ++k) kind.items.push_back(std::to_string(k));
+    return {SourceField(m_strFile, kTextFilter),
+            OutputField(m_strOutFile, "&Data File:", msg_Text(IDS_DATA_FILE_FILTER)),
+            kind,
+            dlg_TextField("ident", "&Identifier:", DlgControl::None, m_strIdent, 24),
+            dlg_TextField("title", "T&itle:", DlgControl::None, m_strTitle, 60),
+            PrecisionField(m_nPrecision)};
+}
+
 int CImprtDlg::Validate(int*) {
     DlgControl focus;
     int rc = CheckTextSource(m_strFile, m_strOutFile, &focus);
@@ -57,7 +109,10 @@ int CLoadDlg::Validate(int*) {
     if (rc) return rc;
     m_nKind = KIND_TALLY;
     if (!m_strKind.empty()) {
-        if (m_strKind.size() != 1 || m_strKind[0] < '1' || m_strKind[0] > '7') return IDS_BAD_DATA_KIND;
+        if (m_strKind.size() != 1 || m_strKind[0] < '1' || m_strKind[0] > '7') {
+            SetFocusControl(DlgControl::DataKind);
+            return IDS_BAD_DATA_KIND;
+        }
         m_nKind = m_strKind[0] - '0';
     }
     return 0;

@@ -14,6 +14,9 @@ class CExprtDlg : public CBaseDlg {
 public:
     std::string m_strOutFile;  // "-": standard output
     int Validate(int* failingIndex) override;
+    // The output file only: an export writes every replication and no title.
+    std::vector<DlgField> Fields() override;
+    bool TakesReplications() const override { return false; }
 };
 
 // Import: export text back to a data file.
@@ -23,6 +26,8 @@ public:
     std::string m_strOutFile;
     int m_nPrecision = -1;     // 1 doubles, 0 floats, -1 as the configuration says
     int Validate(int* failingIndex) override;
+    // The text file, the data file and its precision.
+    std::vector<DlgField> Fields() override;
 };
 
 // Load ASCII: a text file of time/value pairs to a data file.
@@ -36,6 +41,8 @@ public:
     int m_nPrecision = -1;     // as for import
     int m_nKind = KIND_TALLY;  // set by Validate
     int Validate(int* failingIndex) override;
+    // The text file, the data file, its kind, identifier, title and precision.
+    std::vector<DlgField> Fields() override;
 };
 
 // The output name a conversion writes when the dialog names none: the

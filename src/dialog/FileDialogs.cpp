@@ -35,6 +35,17 @@ DlgField dlg_ScaleField(bool& scale) {
     return f;
 }
 
+DlgField dlg_TextField(const char* key, const char* label, DlgControl control, std::string& text,
+                       std::size_t maxLength) {
+    DlgField f;
+    f.key = key;
+    f.label = label;
+    f.control = control;
+    f.text = &text;
+    f.maxLength = maxLength;
+    return f;
+}
+
 std::vector<DlgField> CBaseDlg::Fields() { return {dlg_TitleField(m_strTitle)}; }
 
 std::vector<DlgField> CBaseMultiDlg::Fields() {

@@ -34,6 +34,9 @@ class CBaseDlg : public CDialog {
 public:
     // The title; the file and its replications belong to the shared layout.
     std::vector<DlgField> Fields() override;
+    // False for a command that reads the whole file whatever the treatment:
+    // a host leaves the replications out of its layout.
+    virtual bool TakesReplications() const { return true; }
 
     std::string m_strFile;
     std::string m_strReps;
@@ -73,3 +76,6 @@ public:
 DlgField dlg_TitleField(std::string& title);
 DlgField dlg_LevelField(std::string& level);
 DlgField dlg_ScaleField(bool& scale);
+// A dialog's own text field: its key, label, focus control and length limit (0: none).
+DlgField dlg_TextField(const char* key, const char* label, DlgControl control, std::string& text,
+                       std::size_t maxLength = 0);

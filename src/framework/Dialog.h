@@ -31,6 +31,7 @@ enum class DlgControl {
     CellCount,
     Window,        // Moving average: the window and the method
     Method,
+    DataKind,      // Load: the kind of the data file written
 };
 
 // One of a dialog's own controls, for a host that lays the dialog out: the
@@ -43,18 +44,19 @@ struct DlgField {
         Choice,    // one of items, stored as the matching entry of values
         Check,
         SaveFile,  // an output file name with a browse button (filter)
+        OpenFile,  // a source file outside the group, with a browse button (filter)
     };
     Kind kind = Kind::Text;
     const char* key = "";  // stable name, for keeping the entry across runs
     std::string label;
     DlgControl control = DlgControl::None;
-    std::string* text = nullptr;  // Text and SaveFile
+    std::string* text = nullptr;  // Text, SaveFile and OpenFile
     int* value = nullptr;         // Choice
     bool* check = nullptr;        // Check
     std::vector<std::string> items;
     std::vector<int> values;      // Choice: the value of each item
     std::size_t maxLength = 0;    // 0: no limit
-    std::string filter;           // SaveFile: "Name (*.x)|*.x|...||"
+    std::string filter;           // SaveFile, OpenFile: "Name (*.x)|*.x|...||"
 };
 
 class CDialog : public CObject {

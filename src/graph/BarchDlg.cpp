@@ -21,6 +21,23 @@ bool ParseValue(const std::string& text, double* out) {
 
 }  // namespace
 
+std::vector<DlgField> CBarchDlg::Fields() {
+    std::vector<DlgField> fields = CBaseDlg::Fields();
+    DlgField bars;
+    bars.kind = DlgField::Kind::Choice;
+    bars.key = "bars";
+    bars.label = "&Bars:";
+    bars.value = &m_nBars;
+    bars.items = {"Automatic", "Replication Means", "Observations"};
+    bars.values = {BARS_DEFAULT, BARS_REPLICATIONS, BARS_OBSERVATIONS};
+    fields.push_back(bars);
+    fields.push_back(dlg_TextField("beginTime", "D&isplay Time from:", DlgControl::BeginTime, m_strBeginTime));
+    fields.push_back(dlg_TextField("endTime", "&to:", DlgControl::EndTime, m_strEndTime));
+    fields.push_back(dlg_TextField("minValue", "&Values from:", DlgControl::MinValue, m_strMinValue));
+    fields.push_back(dlg_TextField("maxValue", "t&o:", DlgControl::MaxValue, m_strMaxValue));
+    return fields;
+}
+
 int CBarchDlg::Fail(int id, DlgControl control) {
     SetFocusControl(control);
     return id;

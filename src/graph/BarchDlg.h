@@ -12,6 +12,8 @@ enum { BARS_DEFAULT = -1, BARS_REPLICATIONS = 0, BARS_OBSERVATIONS = 1 };
 class CBarchDlg : public CBaseDlg {
 public:
     int Validate(int* failingIndex) override;
+    // Title, what a bar is, the time window and the value range.
+    std::vector<DlgField> Fields() override;
 
     // BARS_DEFAULT: replications when the treatment spans more than one, else observations.
     int m_nBars = BARS_DEFAULT;

@@ -26,6 +26,14 @@ bool ParseRowNumber(const std::string& text, std::int64_t* out) {
 
 }  // namespace
 
+std::vector<DlgField> CTableDlg::Fields() {
+    return {dlg_TitleField(m_strTitle),
+            dlg_TextField("beginTime", "D&isplay Times from:", DlgControl::BeginTime, m_strBeginTime),
+            dlg_TextField("endTime", "&to:", DlgControl::EndTime, m_strEndTime),
+            dlg_TextField("first", "First &Row:", DlgControl::FirstRecord, m_strFirst),
+            dlg_TextField("count", "&Number of Rows:", DlgControl::RecordCount, m_strCount)};
+}
+
 int CTableDlg::Fail(int id, DlgControl control) {
     SetFocusControl(control);
     return id;

@@ -10,6 +10,8 @@
 class CTableDlg : public CBaseMultiDlg {
 public:
     int Validate(int* failingIndex) override;
+    // Title, time window and row range: a table has no level or scale.
+    std::vector<DlgField> Fields() override;
 
     std::string m_strBeginTime;
     std::string m_strEndTime;

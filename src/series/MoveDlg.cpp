@@ -11,6 +11,26 @@ MoveMethod CMoveDlg::MethodCode(const std::string& text) {
     return MOVE_CENTRED;
 }
 
+std::vector<DlgField> CMoveDlg::Fields() {
+    std::vector<DlgField> fields = CBaseDlg::Fields();
+    fields.push_back(dlg_TextField("window", "&Window (observations):", DlgControl::Window, m_strWindow));
+    DlgField method = dlg_TextField("method", "&Method:", DlgControl::Method, m_strMethod);
+    method.items = {"Centred", "Trailing"};
+    fields.push_back(method);
+    DlgField warmup;
+    warmup.kind = DlgField::Kind::Check;
+    warmup.key = "warmup";
+    warmup.label = "Suggest a Warm-&up Period";
+    warmup.check = &m_bWarmup;
+    fields.push_back(warmup);
+    DlgField out =
+        dlg_TextField("outFile", "&Save Moving Averages in File:", DlgControl::OutputFile, m_strOutFile, 255);
+    out.kind = DlgField::Kind::SaveFile;
+    out.filter = msg_Text(15912);
+    fields.push_back(out);
+    return fields;
+}
+
 bool CMoveDlg::ExchangeFields(std::string* message) {
     if (ddx_IntField(m_strWindow, 1, kWindowLimit, &m_nWindow, message)) return true;
     SetFocusControl(DlgControl::Window);

@@ -23,6 +23,8 @@ public:
     // The window must be a whole number from 1 to 999999.
     bool ExchangeFields(std::string* message) override;
     int Validate(int* failingIndex) override;
+    // Title, window, method, the warm-up check and the output file.
+    std::vector<DlgField> Fields() override;
 
     // The method a combo text names: 'T' trailing, anything else centred.
     static MoveMethod MethodCode(const std::string& text);

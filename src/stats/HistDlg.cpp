@@ -19,6 +19,14 @@ bool CHistDlg::ExchangeFields(std::string* message) {
     return false;
 }
 
+std::vector<DlgField> CHistDlg::Fields() {
+    std::vector<DlgField> fields = CBaseDlg::Fields();
+    fields.push_back(dlg_TextField("cellStart", "First Cell &Starts at:", DlgControl::CellStart, m_strStart));
+    fields.push_back(dlg_TextField("cellWidth", "Cell &Width:", DlgControl::CellWidth, m_strWidth));
+    fields.push_back(dlg_TextField("cellCount", "&Number of Cells:", DlgControl::CellCount, m_strCells));
+    return fields;
+}
+
 int CHistDlg::Validate(int*) {
     auto fail = [this](int id, DlgControl control) {
         SetFocusControl(control);

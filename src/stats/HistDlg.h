@@ -21,4 +21,6 @@ public:
     // The cell count, when given, is a whole number from 1 to 200.
     bool ExchangeFields(std::string* message) override;
     int Validate(int* failingIndex) override;
+    // Title, then the cells.
+    std::vector<DlgField> Fields() override;
 };
