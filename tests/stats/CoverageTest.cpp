@@ -10,10 +10,10 @@
 #include <cmath>
 #include <random>
 
+#include "TestFiles.h"
 #include "datafile/FileGlobals.h"
 #include "series/StdInDlg.h"
 #include "series/StdIntrvlDoc.h"
-#include "stats/IntervalTestFiles.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/IntrvlDoc.h"
 #include "stats/SdIntDoc.h"
@@ -60,7 +60,7 @@ protected:
         return static_cast<double>(covered) / kSamples;
     }
 
-    IntervalTestDir dir;
+    TempDir dir;
     std::string path;
 };
 

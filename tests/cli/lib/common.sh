@@ -15,10 +15,10 @@ check() {  # check WHAT EXPECTED ACTUAL
     fi
 }
 
-header() {  # header KINDNUMBER TYPE
+header() {  # header KINDNUMBER TYPE [TITLE]
     printf '%s \r\n' "$1"
     printf 'Output file for:%-24.24s by:%-24.24s \r\n' "sample" "TEST WRITER"
-    printf 'Data for:%s\r\n' "hand made"
+    printf 'Data for:%s\r\n' "${3-hand made}"
     printf 'Run date:%-10.10sND     %7d\r\n' "$2" 1
     printf 'File Version: \x07QUILLSTATFMT\r\n\x1a'
 }
