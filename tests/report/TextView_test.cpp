@@ -3,7 +3,6 @@
 #include "report/TextView.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -93,15 +92,6 @@ TEST_F(TextFill, TemporaryFileBlockedGives15945AndEmptyView) {
     EXPECT_EQ(view.GetText(), "");
     EXPECT_EQ(m_host.Ids(), std::vector<int>{IDS_TEMP_FILE_ERROR});
     EXPECT_TRUE(fs::is_directory(kReportTempFile));
-}
-
-TEST_F(TextFill, ReadOnlyCurrentFolderGives15945) {
-    fs::permissions(m_dir.Dir(), fs::perms::owner_read | fs::perms::owner_exec);
-    if (::access(".", W_OK) == 0) GTEST_SKIP() << "permissions do not bind this user";
-    FixedView view("some report\n");
-    EXPECT_EQ(view.OnInitialUpdate(), IDS_TEMP_FILE_ERROR);
-    EXPECT_EQ(view.GetText(), "");
-    EXPECT_EQ(m_host.Ids(), std::vector<int>{IDS_TEMP_FILE_ERROR});
 }
 
 TEST_F(TextFill, UserFileOfTheTemporaryNameIsReplacedAndRemoved) {
