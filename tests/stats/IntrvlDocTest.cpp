@@ -60,26 +60,18 @@ TEST_F(IntrvlDocTest, ReportUnderEveryTreatment) {
                                "uvwxy\n");
 }
 
-TEST_F(IntrvlDocTest, LevelAsFractionOrPercentage) {
-    CIntrvlDoc fraction, percent;
-    CIntrvlDlg d1 = test_IntervalDialog<CIntrvlDlg>({{a, "", "a.dat"}, {b, "Lumped", "b.dat"}}, "0.95");
-    CIntrvlDlg d2 = test_IntervalDialog<CIntrvlDlg>({{a, "", "a.dat"}, {b, "Lumped", "b.dat"}}, "95");
-    ASSERT_EQ(fraction.InitFromDialog(d1), 0);
-    ASSERT_EQ(percent.InitFromDialog(d2), 0);
-    EXPECT_EQ(test_Report<CIntrvlTextView>(fraction), test_Report<CIntrvlTextView>(percent));
-    EXPECT_NE(test_Report<CIntrvlTextView>(percent).find("   0.950 C.I."), std::string::npos);
+// The level is read by the dialogs' shared rule (its own test); the report
+// heads its column with the level, the chart's legend in whole percent. "1" is
+// a fraction: a 100% interval, whose limits are not finite, gives the message,
+// not a result; "1.5" a percentage. "95" and "0.95" report alike
+// (tests/cli/intervals.sh).
+TEST_F(IntrvlDocTest, LevelInTheReportAndTheLegend) {
+    CIntrvlDoc percent, one, small;
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(percent, {{a, "", "a.dat"}}, "95"), 0);
     EXPECT_EQ(percent.LegendPercent(), 95);
-
-    // "1" is a fraction (a 100% interval, whose limits are not finite: the
-    // message, not a result), "1.5" a percentage.
-    CIntrvlDoc one, small;
-    CIntrvlDlg d3 = test_IntervalDialog<CIntrvlDlg>({{a, "", "a.dat"}}, "1");
-    CIntrvlDlg d4 = test_IntervalDialog<CIntrvlDlg>({{a, "", "a.dat"}}, "1.5");
-    EXPECT_EQ(one.InitFromDialog(d3), 15907);
-    small.InitFromDialog(d4);
-    EXPECT_EQ(one.m_dAlpha, 0.0);
-    EXPECT_NEAR(small.m_dAlpha, 0.985, 1e-15);
+    EXPECT_EQ(test_RunIntervals<CIntrvlDlg>(one, {{a, "", "a.dat"}}, "1"), 15907);
     EXPECT_NE(test_Report<CIntrvlTextView>(one).find("   1.000 C.I."), std::string::npos);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(small, {{a, "", "a.dat"}}, "1.5"), 0);
     EXPECT_NE(test_Report<CIntrvlTextView>(small).find("   0.015 C.I."), std::string::npos);
     EXPECT_EQ(small.LegendPercent(), 2);
 }
@@ -87,10 +79,8 @@ TEST_F(IntrvlDocTest, LevelAsFractionOrPercentage) {
 TEST_F(IntrvlDocTest, FloatAndDoubleFilesReportAlike) {
     const std::string f = dir.WriteReps("f.dat", KIND_TALLY, {{10, 12}, {20, 22, 24}}, false);
     CIntrvlDoc single, dbl;
-    CIntrvlDlg d1 = test_IntervalDialog<CIntrvlDlg>({{f, "All", "b.dat"}, {f, "Lumped", "b.dat"}}, "0.90");
-    CIntrvlDlg d2 = test_IntervalDialog<CIntrvlDlg>({{b, "All", "b.dat"}, {b, "Lumped", "b.dat"}}, "0.90");
-    ASSERT_EQ(single.InitFromDialog(d1), 0);
-    ASSERT_EQ(dbl.InitFromDialog(d2), 0);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(single, {{f, "All", "b.dat"}, {f, "Lumped", "b.dat"}}, "0.90"), 0);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(dbl, {{b, "All", "b.dat"}, {b, "Lumped", "b.dat"}}, "0.90"), 0);
     EXPECT_EQ(test_Report<CIntrvlTextView>(single), test_Report<CIntrvlTextView>(dbl));
 }
 
