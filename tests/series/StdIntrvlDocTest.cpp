@@ -75,12 +75,10 @@ TEST_F(StdIntrvlDocTest, TooFewObservations) {
 
     // One observation in each replication: a batch of two only when lumped.
     const std::string split = dir.WriteReps("split.dat", KIND_TALLY, {{4}, {5}});
-    CStdInDlg lumped = test_IntervalDialog<CStdInDlg>({{split, "Lumped", ""}}, "0.95");
-    CStdInDlg first = test_IntervalDialog<CStdInDlg>({{split, "1", ""}}, "0.95");
     CStdIntrvlDoc d1, d2;
-    EXPECT_EQ(d1.InitFromDialog(lumped), 0);
+    EXPECT_EQ(test_RunIntervals<CStdInDlg>(d1, {{split, "Lumped", ""}}, "0.95"), 0);
     EXPECT_EQ(d1.Results().rows[0].numObs, 2);
-    EXPECT_EQ(d2.InitFromDialog(first), 15901);
+    EXPECT_EQ(test_RunIntervals<CStdInDlg>(d2, {{split, "1", ""}}, "0.95"), 15901);
 }
 
 TEST_F(StdIntrvlDocTest, AtMost4999Batches) {
@@ -90,14 +88,10 @@ TEST_F(StdIntrvlDocTest, AtMost4999Batches) {
     values.push_back(1.0);
     const std::string over = dir.WriteReps("over.dat", KIND_TALLY, {values});
 
-    CStdInDlg d1 = test_IntervalDialog<CStdInDlg>({{ok, "", ""}}, "0.95");
-    CStdIntrvlDoc doc1;
-    EXPECT_EQ(doc1.InitFromDialog(d1), 0);
+    CStdIntrvlDoc doc1, doc2;
+    EXPECT_EQ(test_RunIntervals<CStdInDlg>(doc1, {{ok, "", ""}}, "0.95"), 0);
     EXPECT_EQ(doc1.Results().rows[0].numObs, 9998);
-
-    CStdInDlg d2 = test_IntervalDialog<CStdInDlg>({{ok, "", ""}, {over, "", ""}}, "0.95");
-    CStdIntrvlDoc doc2;
-    EXPECT_EQ(doc2.InitFromDialog(d2), 15906);
+    EXPECT_EQ(test_RunIntervals<CStdInDlg>(doc2, {{ok, "", ""}, {over, "", ""}}, "0.95"), 15906);
 }
 
 TEST_F(StdIntrvlDocTest, LargeOffsetKeepsItsDigits) {

@@ -76,14 +76,6 @@ TEST_F(IntrvlDocTest, LevelInTheReportAndTheLegend) {
     EXPECT_EQ(small.LegendPercent(), 2);
 }
 
-TEST_F(IntrvlDocTest, FloatAndDoubleFilesReportAlike) {
-    const std::string f = dir.WriteReps("f.dat", KIND_TALLY, {{10, 12}, {20, 22, 24}}, false);
-    CIntrvlDoc single, dbl;
-    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(single, {{f, "All", "b.dat"}, {f, "Lumped", "b.dat"}}, "0.90"), 0);
-    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(dbl, {{b, "All", "b.dat"}, {b, "Lumped", "b.dat"}}, "0.90"), 0);
-    EXPECT_EQ(test_Report<CIntrvlTextView>(single), test_Report<CIntrvlTextView>(dbl));
-}
-
 TEST_F(IntrvlDocTest, LimitsAndGraphRange) {
     CIntrvlDoc doc;
     ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(doc, {{a, "", ""}, {b, "All", ""}}, "0.95"), 0);
