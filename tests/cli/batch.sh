@@ -1,12 +1,8 @@
 #!/usr/bin/env bash
 # oproc batch: reports on stdout, messages on stderr with exit status 1, usage
 # errors with 2, and no output file left behind by a failed run.
-set -u
-oproc=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 1
-fail=0
+source "$(dirname "$0")/lib/common.sh"
+oproc=$OPROC
 check() { # description, condition...
     local what=$1
     shift

@@ -1,11 +1,8 @@
 #!/usr/bin/env bash
 # oproc correlogram: report, the saved .cor file, field and dialog messages.
-set -u
-oproc=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+source "$(dirname "$0")/lib/common.sh"
+oproc=$OPROC
 fail() { echo "FAIL: $*" >&2; exit 1; }
-cd "$work" || fail "cd"
 "$oproc" sample . --reps 3 --seed 5 --horizon 300 >/dev/null || fail "sample"
 
 out=$("$oproc" correlogram waits.dat --reps 2 --title "Rep two" --max-lags 12 --out lags 2>err) || fail "status: $(cat err)"

@@ -34,15 +34,6 @@ small.dat                   2.5       1.12         2.05          1          4   
 check "stdinterval" "$expected_std" "$("$OPROC" stdinterval --scale small.dat@1)"
 
 # Failures: the message once on stderr, nothing on stdout, status 1.
-failing() {  # failing WHAT MESSAGE ARGS...
-    local what=$1 message=$2
-    shift 2
-    out=$("$OPROC" "$@" 2>err.txt)
-    status=$?
-    check "$what: status" 1 "$status"
-    check "$what: stdout" "" "$out"
-    check "$what: message" 1 "$(grep -c -F "$message" err.txt)"
-}
 failing "missing file" "File not found" sdinterval small.dat missing.dat
 failing "level" "Confidence level value must be >= 0 and <= 100" stdinterval --level 101 small.dat
 failing "treatment" "Invalid replication treatment" interval small.dat@0

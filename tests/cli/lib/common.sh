@@ -1,4 +1,4 @@
-# Shared set-up of the end-to-end scripts: a scratch folder, check(), and
+# Shared set-up of the end-to-end scripts: a scratch folder, check(), failing(), and
 # data files written byte by byte (header, 8-byte time/value records).
 # Sourced with the script's arguments: $1 is the oproc binary.
 set -u
@@ -13,6 +13,17 @@ check() {  # check WHAT EXPECTED ACTUAL
         diff <(printf '%s\n' "$2") <(printf '%s\n' "$3")
         fail=1
     fi
+}
+
+# A message of the system: status 1, nothing on stdout, the message once on stderr.
+failing() {  # failing WHAT MESSAGE ARGS...
+    local what=$1 message=$2
+    shift 2
+    out=$("$OPROC" "$@" 2>err.txt)
+    status=$?
+    check "$what: status" 1 "$status"
+    check "$what: stdout" "" "$out"
+    check "$what: message" 1 "$(grep -c -F "$message" err.txt)"
 }
 
 header() {  # header KINDNUMBER TYPE [TITLE]
