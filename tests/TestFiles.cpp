@@ -17,6 +17,7 @@ TempDir::TempDir() {
 
 TempDir::~TempDir() {
     std::error_code ec;
+    std::filesystem::permissions(m_dir, std::filesystem::perms::owner_all, ec);
     std::filesystem::remove_all(m_dir, ec);
 }
 
@@ -72,4 +73,32 @@ std::vector<Rec> test_Replications(const std::vector<std::vector<Rec>>& reps) {
         out.push_back({-static_cast<double>(r + 1), r + 1 == reps.size() ? -1.0 : 0.0});
     }
     return out;
+}
+
+std::vector<Rec> test_Obs(const std::vector<double>& values) {
+    std::vector<Rec> recs;
+    for (std::size_t i = 0; i < values.size(); ++i) recs.push_back({static_cast<double>(i + 1), values[i]});
+    return recs;
+}
+
+HeaderFields HeaderFields::Of(int kind, bool isDouble) {
+    static const char* const kTypes[] = {"", "DSTAT", "CSTAT", "Tally", "Output", "Filtered", "Counter", "Frequency"};
+    HeaderFields h;
+    h.kind = kind;
+    h.type = kTypes[kind];
+    h.isDouble = isDouble;
+    return h;
+}
+
+std::string TempDir::WriteRecords(const std::string& name, int kind, const std::vector<Rec>& recs,
+                                  bool isDouble) const {
+    test_WriteDataFile(Path(name), HeaderFields::Of(kind, isDouble), recs);
+    return Path(name);
+}
+
+std::string TempDir::WriteReps(const std::string& name, int kind, const std::vector<std::vector<double>>& reps,
+                               bool isDouble) const {
+    std::vector<std::vector<Rec>> recs;
+    for (const auto& r : reps) recs.push_back(test_Obs(r));
+    return WriteRecords(name, kind, test_Replications(recs), isDouble);
 }

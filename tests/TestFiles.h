@@ -21,12 +21,21 @@ public:
     TempDir& operator=(const TempDir&) = delete;
     std::string Path(const std::string& name) const { return (m_dir / name).string(); }
     const std::filesystem::path& Dir() const { return m_dir; }
+    // A data file of the kind in this folder; returns its path.
+    std::string WriteRecords(const std::string& name, int kind, const std::vector<Rec>& recs,
+                             bool isDouble = true) const;
+    // One replication per vector, observations at times 1, 2, ... (test_Replications).
+    std::string WriteReps(const std::string& name, int kind, const std::vector<std::vector<double>>& reps,
+                          bool isDouble = true) const;
 
 private:
     std::filesystem::path m_dir;
 };
 
 struct HeaderFields {
+    // The fields of a file of this kind, its type text included.
+    static HeaderFields Of(int kind, bool isDouble = true);
+
     int kind = 3;
     std::string ident = "IDENT";
     std::string title = "A title";
@@ -48,3 +57,5 @@ std::string test_ReadBytes(const std::string& path);
 // Records for n replications of the given observations each, with the markers
 // a writer puts between them: (-r, 0) after each but the last, (-n, -1) last.
 std::vector<Rec> test_Replications(const std::vector<std::vector<Rec>>& reps);
+// Observations at times 1, 2, ...
+std::vector<Rec> test_Obs(const std::vector<double>& values);

@@ -108,15 +108,6 @@ check "a computed q is marked" 1 \
     "$("$OPROC" anova --level 0.975 --method tukey a.dat b.dat c.dat | grep -c 'Studentized range q (computed)')"
 
 # Failures: the message once on stderr, nothing on stdout, status 1.
-failing() {  # failing WHAT MESSAGE ARGS...
-    local what=$1 message=$2
-    shift 2
-    out=$("$OPROC" "$@" 2>err.txt)
-    status=$?
-    check "$what: status" 1 "$status"
-    check "$what: stdout" "" "$out"
-    check "$what: message" 1 "$(grep -c -F "$message" err.txt)"
-}
 failing "one file" "An analysis of variance needs at least two files" anova a.dat
 failing "missing file" "File not found" anova a.dat missing.dat
 failing "time-persistent" "You must first Batch/Truncate the data." anova a.dat level.dat

@@ -1,11 +1,8 @@
 #!/usr/bin/env bash
 # oproc compare and oproc vartest: pairs of files, reports, messages, statuses.
-set -u
-oproc=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+source "$(dirname "$0")/lib/common.sh"
+oproc=$OPROC
 fail() { echo "FAIL: $*" >&2; exit 1; }
-cd "$work" || fail "cd"
 "$oproc" sample . --reps 3 --seed 11 --horizon 300 >/dev/null || fail "sample"
 
 # Default method paired, level 0.95; the pair is named by file A as given.

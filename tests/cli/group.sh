@@ -1,28 +1,11 @@
 #!/usr/bin/env bash
 # Data groups from the command line: the .dgr bytes, the list lines, refusals
 # with their messages on stderr and exit status 1, usage errors with 2.
-set -u
-OPROC=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 1
-fail=0
-check() {  # check WHAT EXPECTED ACTUAL
-    if [ "$2" != "$3" ]; then
-        echo "FAIL: $1"
-        diff <(printf '%s\n' "$2") <(printf '%s\n' "$3")
-        fail=1
-    fi
-}
+source "$(dirname "$0")/lib/common.sh"
 
-# A data file written byte by byte: header, then 8-byte records; REPS
-# replications of one observation each.
+# REPS replications of one observation each.
 datafile() {  # datafile KINDNUMBER TYPE TITLE REPS
-    printf '%s \r\n' "$1"
-    printf 'Output file for:%-24.24s by:%-24.24s \r\n' "sample" "TEST WRITER"
-    printf 'Data for:%s\r\n' "$3"
-    printf 'Run date:%-10.10sND     %7d\r\n' "$2" 1
-    printf 'File Version: \x07QUILLSTATFMT\r\n\x1a'
+    header "$1" "$2" "$3"
     local r
     for ((r = 1; r <= $4; r++)); do
         # one observation (1, 1), then the marker (-r, 0), the last one (-r, -1)

@@ -3,14 +3,9 @@
 # case with the exit status and stderr's first and second lines. A message of
 # the system is its exact text, then what it concerns; a usage error is
 # CLI11's message with status 2.
-set -u
-OPROC=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 1
+source "$(dirname "$0")/lib/common.sh"
 "$OPROC" sample . --reps 3 --horizon 200 >/dev/null || { echo "FAIL: sample data"; exit 1; }
 "$OPROC" group new g.dgr >/dev/null || { echo "FAIL: group new"; exit 1; }
-fail=0
 
 row() {  # row STATUS FIRST SECOND ARGS...
     local status=$1 first=$2 second=$3

@@ -1,13 +1,10 @@
 #!/usr/bin/env bash
 # oproc plot: the SVG it writes, its messages and exit statuses.
-set -u
-oproc=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+source "$(dirname "$0")/lib/common.sh"
+oproc=$OPROC
 fail() { echo "FAIL: $*" >&2; exit 1; }
 
-"$oproc" sample "$work" --reps 2 --seed 3 --horizon 100 >/dev/null || fail "sample"
-cd "$work"
+"$oproc" sample . --reps 2 --seed 3 --horizon 100 >/dev/null || fail "sample"
 
 "$oproc" plot waits.dat >/dev/null 2>&1; [ $? -eq 2 ] || fail "--svg is required (usage error)"
 "$oproc" plot waits.dat --svg a.svg --size 80 >/dev/null 2>&1; [ $? -eq 2 ] || fail "bad --size is a usage error"

@@ -5,18 +5,9 @@
 #include "TestFiles.h"
 #include "datafile/FileGlobals.h"
 #include "datafile/SingleDoc.h"
-#include "framework/Host.h"
+#include "group/RecordingHost.h"
 
 namespace {
-
-class RecordingHost : public IHost {
-public:
-    int ShowMessage(int id, const std::string&, unsigned) override {
-        ids.push_back(id);
-        return IDOK;
-    }
-    std::vector<int> ids;
-};
 
 TEST(SingleDoc, IndexesEveryReplicationWithATrailingEntry) {
     TempDir dir;
@@ -73,7 +64,7 @@ TEST(SingleDoc, OpenFailures) {
     CSingleDoc bad;
     EXPECT_FALSE(bad.OnOpenDocument(dir.Path("bad.dat").c_str()));
     EXPECT_FALSE(bad.IsOpen());
-    EXPECT_EQ(host.ids, (std::vector<int>{15811, 15928}));
+    EXPECT_EQ(host.Ids(), (std::vector<int>{15811, 15928}));
 }
 
 TEST(SingleDoc, AFileWithoutItsEndMarkerStillOpens) {

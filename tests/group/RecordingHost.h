@@ -38,6 +38,12 @@ public:
         return fileToOpen;
     }
 
+    std::vector<int> Ids() const {
+        std::vector<int> ids;
+        for (const Message& m : messages) ids.push_back(m.id);
+        return ids;
+    }
+
     std::vector<Message> messages;
     std::vector<std::unique_ptr<CDocFrame>> frames;
     int answer = IDYES;

@@ -9,15 +9,9 @@ namespace {
 class CorrDlgChecks : public ::testing::Test {
 protected:
     void SetUp() override {
-        test_WriteDataFile(P("tally.dat"), {}, test_Replications({{{1, 1}, {2, 2}}, {{1, 3}}}));
-        HeaderFields dstat;
-        dstat.kind = 2;
-        dstat.type = "CSTAT";
-        test_WriteDataFile(P("cstat.dat"), dstat, test_Replications({{{0, 1}}}));
-        HeaderFields output;
-        output.kind = 4;
-        output.type = "Output";
-        test_WriteDataFile(P("output.dat"), output, test_Replications({{{9, 1}}}));
+        dir.WriteReps("tally.dat", 3, {{1, 2}, {3}});
+        dir.WriteRecords("cstat.dat", 2, {{0, 1}, {-1, -1}});
+        dir.WriteRecords("output.dat", 4, {{9, 1}, {-1, -1}});
         test_WriteBytes(P("bad.dat"), "garbage, not a data file");
     }
     std::string P(const std::string& name) const { return name.empty() ? "" : dir.Path(name); }

@@ -3,31 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <optional>
 
 #include "ExactSeries.h"
 #include "TestFiles.h"
 #include "framework/Config.h"
-#include "framework/Host.h"
+#include "group/RecordingHost.h"
 #include "report/TextView.h"
 #include "series/CorrDlg.h"
 #include "series/CorrTextView.h"
 
 namespace {
-
-class RecordingHost : public IHost {
-public:
-    int ShowMessage(int id, const std::string&, unsigned) override {
-        ids.push_back(id);
-        return IDOK;
-    }
-    std::vector<int> ids;
-};
-
-std::vector<Rec> Obs(const std::vector<double>& values) {
-    std::vector<Rec> recs;
-    for (std::size_t i = 0; i < values.size(); ++i) recs.push_back({static_cast<double>(i + 1), values[i]});
-    return recs;
-}
 
 struct CorrRun {
     int rc = 0;
@@ -36,7 +22,7 @@ struct CorrRun {
 };
 
 CorrRun Correlogram(const std::string& file, const std::string& reps, int lags, const std::string& out = "",
-                const std::string& title = "") {
+                    const std::string& title = "", std::optional<CLagProducts::Method> method = {}) {
     CCorrDlg dlg;
     dlg.m_strFile = file;
     dlg.m_strReps = reps;
@@ -45,6 +31,7 @@ CorrRun Correlogram(const std::string& file, const std::string& reps, int lags, 
     dlg.m_strTitle = title;
     CorrRun run;
     run.doc = std::make_unique<CCorrDoc>();
+    run.doc->m_forceMethod = method;
     run.rc = run.doc->InitFromDialog(dlg);
     if (run.rc == 0) {
         CCorrTextView view;
@@ -66,18 +53,8 @@ protected:
 // c2 = -1.2, r2 = -0.6. Lag 3: -2 + 0 = -2, c3 = -0.4, r3 = -0.2.
 // Weighted sum: 2 (0.8 * 0.2 + 0.6 * -1.2 + 0.4 * -0.4) = -1.44.
 TEST_F(CorrDoc, HandWorkedSeriesReport) {
-    std::string path = dir.Path("x.dat");
-    test_WriteDataFile(path, {}, test_Replications({Obs({2, 4, 6, 5, 3})}));
+    std::string path = dir.WriteReps("x.dat", 3, {{2, 4, 6, 5, 3}});
     for (auto method : {CLagProducts::Method::Direct, CLagProducts::Method::Fft}) {
-        CCorrDlg dlg;
-        dlg.m_strFile = path;
-        dlg.m_nMaxLags = 3;
-        dlg.m_strTitle = "Hand";
-        CCorrDoc doc;
-        doc.m_forceMethod = method;
-        ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-        CCorrTextView view;
-        view.SetDocument(&doc);
         const std::string expected = Pad("Correlogram Summary", 45) + "\n" + Pad("Hand", 45) + "\n\n" +
                                      Pad("Sample Mean", 35) + " : " + Pad("4", 11) + "\n" +
                                      Pad("Sample Variance", 35) + " : " + Pad("2", 11) + "\n" +
@@ -88,13 +65,12 @@ TEST_F(CorrDoc, HandWorkedSeriesReport) {
                                      "       1          0.2          0.1\n"
                                      "       2         -1.2         -0.6\n"
                                      "       3         -0.4         -0.2\n";
-        EXPECT_EQ(txt_ReportText(view), expected);
+        EXPECT_EQ(Correlogram(path, "", 3, "", "Hand", method).report, expected);
     }
 }
 
 TEST_F(CorrDoc, NoTitleLineWithoutATitle) {
-    std::string path = dir.Path("x.dat");
-    test_WriteDataFile(path, {}, test_Replications({Obs({2, 4, 6, 5, 3})}));
+    std::string path = dir.WriteReps("x.dat", 3, {{2, 4, 6, 5, 3}});
     CorrRun run = Correlogram(path, "", 1);
     ASSERT_EQ(run.rc, 0);
     EXPECT_EQ(run.report.substr(0, 47), Pad("Correlogram Summary", 45) + "\n\n");
@@ -110,7 +86,7 @@ TEST_F(CorrDoc, SavedFileLayout) {
     src.ident = "SRCID";
     src.title = "Source title";
     src.reinit = false;
-    test_WriteDataFile(path, src, test_Replications({Obs({1, 3, 1, 3})}));
+    test_WriteDataFile(path, src, test_Replications({test_Obs({1, 3, 1, 3})}));
     std::string out = dir.Path("x.cor");
     CorrRun run = Correlogram(path, "1", 2, out, "Saved");
     ASSERT_EQ(run.rc, 0);
@@ -127,7 +103,7 @@ TEST_F(CorrDoc, SavedFileLayout) {
     // The precision follows the configuration, header flag included.
     cfg_SetDoublePrecOutput(0);
     src.reinit = true;
-    test_WriteDataFile(path, src, test_Replications({Obs({1, 3, 1, 3})}));
+    test_WriteDataFile(path, src, test_Replications({test_Obs({1, 3, 1, 3})}));
     CorrRun single = Correlogram(path, "Lumped", 2, out, "Saved");
     cfg_SetDoublePrecOutput(1);
     ASSERT_EQ(single.rc, 0);
@@ -139,8 +115,7 @@ TEST_F(CorrDoc, SavedFileLayout) {
 // Under "All" each replication's lags are followed by the marker that closed
 // it; the report lists the first replication's lags and the last one's summary.
 TEST_F(CorrDoc, AllReplications) {
-    std::string path = dir.Path("two.dat");
-    test_WriteDataFile(path, {}, test_Replications({Obs({1, 3, 1, 3}), Obs({2, 4, 6, 5, 3})}));
+    std::string path = dir.WriteReps("two.dat", 3, {{1, 3, 1, 3}, {2, 4, 6, 5, 3}});
     std::string out = dir.Path("all.cor");
     CorrRun run = Correlogram(path, "All", 2, out);
     ASSERT_EQ(run.rc, 0);
@@ -164,8 +139,7 @@ TEST_F(CorrDoc, AllReplications) {
 }
 
 TEST_F(CorrDoc, LumpedReadsAcrossReplications) {
-    std::string path = dir.Path("two.dat");
-    test_WriteDataFile(path, {}, test_Replications({Obs({1, 3}), Obs({1, 3})}));
+    std::string path = dir.WriteReps("two.dat", 3, {{1, 3}, {1, 3}});
     CorrRun run = Correlogram(path, "Lumped", 2);
     ASSERT_EQ(run.rc, 0);
     EXPECT_EQ(run.doc->Results().size, 4);
@@ -186,8 +160,7 @@ TEST_F(CorrDoc, SkipMarkersAreNotObservations) {
 }
 
 TEST_F(CorrDoc, TooFewObservationsLeaveNoFile) {
-    std::string path = dir.Path("x.dat");
-    test_WriteDataFile(path, {}, test_Replications({Obs({2, 4, 6, 5, 3})}));
+    std::string path = dir.WriteReps("x.dat", 3, {{2, 4, 6, 5, 3}});
     std::string out = dir.Path("x.cor");
     test_WriteBytes(out, "earlier contents");
     RecordingHost host;
@@ -201,12 +174,11 @@ TEST_F(CorrDoc, TooFewObservationsLeaveNoFile) {
     EXPECT_FALSE(std::filesystem::exists(out));
     for (const auto& entry : std::filesystem::directory_iterator(dir.Dir()))
         EXPECT_NE(entry.path().filename().string().front(), '.') << "temporary file left: " << entry.path();
-    EXPECT_TRUE(host.ids.empty());
+    EXPECT_TRUE(host.messages.empty());
 }
 
 TEST_F(CorrDoc, ConstantSeriesDividesByZero) {
-    std::string path = dir.Path("c.dat");
-    test_WriteDataFile(path, {}, test_Replications({Obs({7, 7, 7, 7})}));
+    std::string path = dir.WriteReps("c.dat", 3, {{7, 7, 7, 7}});
     CorrRun run = Correlogram(path, "", 2);
     ASSERT_EQ(run.rc, 0);
     EXPECT_EQ(run.doc->Results().variance, 0.0);
@@ -237,7 +209,7 @@ TEST_F(CorrDoc, OffsetSeriesGiveTheExactCovariances) {
         HeaderFields h;
         h.isDouble = c.isDouble;
         const std::string path = dir.Path("offset.dat");
-        test_WriteDataFile(path, h, test_Replications({Obs(x)}));
+        test_WriteDataFile(path, h, test_Replications({test_Obs(x)}));
 
         // n^2 c_j = unit^2 / n sum (n k_t - K)(n k_t+j - K), in integers.
         const i128 n = static_cast<i128>(c.ks.size());
@@ -261,13 +233,9 @@ TEST_F(CorrDoc, OffsetSeriesGiveTheExactCovariances) {
 
         for (auto method : {CLagProducts::Method::Direct, CLagProducts::Method::Fft}) {
             SCOPED_TRACE(std::string(c.name) + (method == CLagProducts::Method::Fft ? ", FFT" : ", direct"));
-            CCorrDlg dlg;
-            dlg.m_strFile = path;
-            dlg.m_nMaxLags = c.lags;
-            CCorrDoc doc;
-            doc.m_forceMethod = method;
-            ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-            const CorrResults& r = doc.Results();
+            CorrRun run = Correlogram(path, "", c.lags, "", "", method);
+            ASSERT_EQ(run.rc, 0);
+            const CorrResults& r = run.doc->Results();
             const double v = static_cast<double>(variance);
             EXPECT_NEAR(r.variance, v, v * 1e-15);
             for (int j = 1; j <= c.lags; ++j)
@@ -278,8 +246,7 @@ TEST_F(CorrDoc, OffsetSeriesGiveTheExactCovariances) {
 }
 
 TEST_F(CorrDoc, ReplicationBeyondTheFile) {
-    std::string path = dir.Path("x.dat");
-    test_WriteDataFile(path, {}, test_Replications({Obs({2, 4, 6, 5, 3})}));
+    std::string path = dir.WriteReps("x.dat", 3, {{2, 4, 6, 5, 3}});
     CCorrDoc doc;
     ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
     doc.m_nMaxLags = 1;

@@ -35,20 +35,20 @@ class FiltrDlgChecks : public ::testing::Test {
 protected:
     void SetUp() override {
         filtr_test::WriteDataFile(m_good, KIND_TALLY, {{1, 1}, {2, 2}, {-1, 0}, {3, 3}, {-2, -1}});
-        std::ofstream(m_bad) << "not a data file\r\n";
+        test_WriteBytes(m_bad, "not a data file\r\n");
     }
     CFiltrDlg Dialog(const std::string& file) {
         CFiltrDlg d;
         d.m_strFile = file;
         return d;
     }
-    filtr_test::ScratchDir m_dir;
-    std::string m_good = m_dir / "two.dat";  // two replications
-    std::string m_bad = m_dir / "bad.dat";
+    TempDir m_dir;
+    std::string m_good = m_dir.Path("two.dat");  // two replications
+    std::string m_bad = m_dir.Path("bad.dat");
 };
 
 TEST_F(FiltrDlgChecks, FirstFailingCheckWinsAndNamesItsControl) {
-    const std::string missing = m_dir / "missing.dat";
+    const std::string missing = m_dir.Path("missing.dat");
     using enum DlgControl;
     struct Case {
         const char* what;
@@ -66,12 +66,12 @@ TEST_F(FiltrDlgChecks, FirstFailingCheckWinsAndNamesItsControl) {
         {"batch size above range", "", "", "0", "999999.5", "", IDP_REAL_RANGE_0_999999, BatchSize},
         {"no source", "", "x", "999999", "999999", m_good, IDS_SOURCE_NOT_SPECIFIED, DataFile},
         {"source missing", missing, "x", "", "", missing, IDS_FILE_NOT_FOUND, DataFile},
-        {"output is the source", m_bad, "x", "", "", m_dir / "sub/../bad.dat", IDS_SAME_OUTPUT_FILE,
+        {"output is the source", m_bad, "x", "", "", m_dir.Path("sub/../bad.dat"), IDS_SAME_OUTPUT_FILE,
          OutputFile},
         {"not a data file", m_bad, "x", "", "", "", IDS_INVALID_DATA_FILE, DataFile},
         {"treatment words", m_good, "xyz", "", "", "", IDS_INVALID_REP_TREATMENT, Replications},
         {"too few replications", m_good, "3", "", "", "", IDS_NOT_ENOUGH_REPS, Replications},
-        {"last replication", m_good, "2", "", "", m_dir / "out.flt", 0, None},
+        {"last replication", m_good, "2", "", "", m_dir.Path("out.flt"), 0, None},
         {"all", m_good, "All", "0", "0", "", 0, None},
         {"lumped", m_good, "lumped", "999999", "999999", "", 0, None},
     };
@@ -89,15 +89,15 @@ TEST_F(FiltrDlgChecks, FirstFailingCheckWinsAndNamesItsControl) {
 }
 
 TEST_F(FiltrDlgChecks, OutputComparedAsFileNames) {
-    std::filesystem::create_directory(m_dir / "sub");
-    std::filesystem::create_symlink(m_good, m_dir / "link.dat");
-    const std::string same[] = {m_good, m_dir / "sub/../two.dat", m_dir / "link.dat"};
+    std::filesystem::create_directory(m_dir.Path("sub"));
+    std::filesystem::create_symlink(m_good, m_dir.Path("link.dat"));
+    const std::string same[] = {m_good, m_dir.Path("sub/../two.dat"), m_dir.Path("link.dat")};
     for (const std::string& out : same) {
         CFiltrDlg d = Dialog(m_good);
         d.m_strOutFile = out;
         EXPECT_EQ(d.Validate(nullptr), IDS_SAME_OUTPUT_FILE) << out;
     }
-    const std::string other[] = {m_dir / "two.flt", m_dir / "sub/two.dat", ""};
+    const std::string other[] = {m_dir.Path("two.flt"), m_dir.Path("sub/two.dat"), ""};
     for (const std::string& out : other) {
         CFiltrDlg d = Dialog(m_good);
         d.m_strOutFile = out;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <iterator>
 
 #include "ExactSeries.h"
 #include "datafile/FileGlobals.h"
@@ -35,13 +36,13 @@ bool operator==(const Pair& a, const Pair& b) { return a.t == b.t && a.v == b.v;
 class Filtr : public ::testing::Test {
 protected:
     std::string File(const std::string& name, int kind, const std::vector<Pair>& recs) {
-        std::string path = m_dir / name;
+        std::string path = m_dir.Path(name);
         WriteDataFile(path, kind, recs);
         return path;
     }
-    std::string Out(const std::string& name) { return m_dir / name; }
+    std::string Out(const std::string& name) { return m_dir.Path(name); }
 
-    filtr_test::ScratchDir m_dir;
+    TempDir m_dir;
     filtr_test::ScopedPrecision m_precision{1};
 };
 
@@ -64,156 +65,176 @@ std::vector<Pair> TallyRecords(const std::vector<double>& values) {
     return recs;
 }
 
-TEST_F(Filtr, TruncationZeroByTimeSkipsTimeZeroRecords) {
-    // DSTAT, W = 2, T = 0. Both time-0 records are truncated; the last one's 5
-    // is in force from 0. Batch [0,2]: 5 over [0,1] + 2 over [1,2] = 7, mean 3.5.
-    // Batch [2,4]: 2 over [2,3] + 4 over [3,4] = 6, mean 3; the record at 4 lies
-    // on the batch end and only the record at 6 closes it. Trailing: 6 - 4 = 2.
-    // Means 3.5, 3: S = 0.125, D = 0.25, estimate 1 - 0.25 / 0.25 = 0.
-    std::string src = File("q.dat", KIND_DSTAT, {{0, 9}, {0, 5}, {1, 2}, {3, 4}, {4, 0}, {6, 1}, {-1, -1}});
-    CFiltrDoc doc;
-    ASSERT_EQ(RunBatch(doc, {src, "", "", "", "Time", "2", Out("q.flt")}), 0);
-    EXPECT_EQ(doc.truncUnit, 0);  // DSTAT truncates by time by default
-    EXPECT_EQ(doc.Results().numBatches, 2);
-    EXPECT_EQ(doc.Results().truncUsed, 0.0);
-    EXPECT_EQ(doc.Results().batchUsed, 2.0);
-    EXPECT_EQ(doc.Results().trailingTime, 2.0);
-    EXPECT_EQ(doc.Results().trailingObs, -1);
-    EXPECT_EQ(doc.Results().covEstimate, 0.0);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("q.flt")), {{1.0, 3.5}, {3.0, 3.0}, {-1.0, -1.0}}));
+std::vector<double> Cycle(int n, int m) {
+    std::vector<double> v;
+    for (int i = 0; i < n; ++i) v.push_back(i % m);
+    return v;
 }
 
-TEST_F(Filtr, LinearWeightingInterpolatesAtBatchEnds) {
-    // CSTAT, W = 2. [0,2]: trapezoid 2 * (2 + 6) / 2 = 8, mean 4. The record at 5
-    // closes [2,4]: the line from (2,6) to (5,1) is 8/3 at 4, so the area is
-    // 2 * (6 + 8/3) / 2 = 26/3, mean 13/3. [4,6] is still open at the end.
-    // Two means always give the estimate 0 (D = 2S).
-    std::string src = File("w.dat", KIND_CSTAT, {{0, 2}, {2, 6}, {5, 1}, {6, 3}, {-1, -1}});
-    CFiltrDoc doc;
-    ASSERT_EQ(RunBatch(doc, {src, "", "", "", "T", "2", Out("w.flt")}), 0);
-    EXPECT_EQ(doc.Results().numBatches, 2);
-    EXPECT_EQ(doc.Results().trailingTime, 2.0);
-    EXPECT_NEAR(doc.Results().covEstimate, 0.0, 1e-14);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("w.flt")), {{1.0, 4.0}, {3.0, 13.0 / 3.0}, {-1.0, -1.0}}, 1e-12));
-}
+constexpr int kAny = -99;  // a result the case leaves unchecked
 
-TEST_F(Filtr, RecordAtTheBatchEndDoesNotCloseIt) {
-    // W = 2: the record at 2 is accumulated into [0,2], which stays open until a
-    // later record. With none, no batch is formed and 2 time units trail.
-    CFiltrDoc open;
-    ASSERT_EQ(RunBatch(open, {File("a.dat", KIND_DSTAT, {{0, 1}, {2, 3}, {-1, -1}}), "", "", "", "T", "2",
-                              Out("a.flt")}),
-              0);
-    EXPECT_EQ(open.Results().trailingTime, 2.0);
-    EXPECT_EQ(open.Results().numBatches, -1);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("a.flt")), {{-1.0, -1.0}}));
+struct Expect {
+    int truncUnit = kAny;
+    double truncUsed = kAny, batchUsed = kAny;
+    int batches = kAny, trailObs = kAny;
+    double trailTime = kAny, cov = kAny;
+    int rejectPositive = kAny, rejectNonZero = kAny;
+};
 
-    // A record at 2.5 closes [0,2] with mean (2 * 1) / 2 = 1 at its midpoint 1;
-    // one mean has S = 0, so no estimate is stored. 0.5 trails.
-    CFiltrDoc closed;
-    ASSERT_EQ(RunBatch(closed, {File("b.dat", KIND_DSTAT, {{0, 1}, {2, 3}, {2.5, 0}, {-1, -1}}), "", "", "", "T",
-                                "2", Out("b.flt")}),
-              0);
-    EXPECT_EQ(closed.Results().trailingTime, 0.5);
-    EXPECT_EQ(closed.Results().numBatches, -1);
-    EXPECT_EQ(closed.Results().covEstimate, -1.0);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("b.flt")), {{1.0, 1.0}, {-1.0, -1.0}}));
-}
-
-TEST_F(Filtr, SevenBatchesEstimateOnlyEightAlsoTest) {
-    // Batches of one observation: the means are the values.
-    // 1..7: mean 4, S = 28, D = 6, estimate 1 - 6/56 = 25/28; no test below 8.
-    // 1..8: S = 42, D = 7, estimate 1 - 7/84 = 11/12;
-    //       z = (11/12) / sqrt(6/63) = 2.970 > 1.645.
-    const struct {
-        int n;
-        double estimate;
-        int reject;
-    } cases[] = {{7, 25.0 / 28.0, 0}, {8, 11.0 / 12.0, 1}};
-    for (const auto& c : cases) {
-        std::vector<double> values;
-        for (int i = 1; i <= c.n; ++i) values.push_back(i);
-        CFiltrDoc doc;
-        ASSERT_EQ(RunBatch(doc, {File("t.dat", KIND_TALLY, TallyRecords(values)), "", "", "", "O", "1"}), 0);
-        EXPECT_EQ(doc.Results().numBatches, c.n);
-        EXPECT_NEAR(doc.Results().covEstimate, c.estimate, 1e-15);
-        EXPECT_EQ(doc.Results().rejectPositive, c.reject);
-        EXPECT_EQ(doc.Results().rejectNonZero, 0);
-        EXPECT_EQ(doc.Results().trailingObs, 0);
-    }
-}
-
-TEST_F(Filtr, LargeZWithdrawsTheRejectionOnlyWhenBatchingByTime) {
-    // Means 1..8: z = 2.970 (above). Means 1,2,3,4,5,6,3,4: sum 28, mean 3.5,
-    // sum of squares 116, S = 116 - 98 = 18, D = 1+1+1+1+1+9+1 = 15, estimate
-    // 1 - 15/36 = 7/12, z = (7/12) / 0.3086 = 1.890, between 1.645 and 1.96.
-    const std::vector<double> steady{1, 2, 3, 4, 5, 6, 7, 8};
-    const std::vector<double> moderate{1, 2, 3, 4, 5, 6, 3, 4};
-    const struct {
-        const std::vector<double>* means;
-        double estimate;
-        int byTime, byObs;
-    } cases[] = {{&steady, 11.0 / 12.0, 0, 1}, {&moderate, 7.0 / 12.0, 1, 1}};
-    for (const auto& c : cases) {
-        CFiltrDoc time;
-        ASSERT_EQ(RunBatch(time, {File("s.dat", KIND_DSTAT, StepRecords(*c.means)), "", "", "", "Time", "1"}), 0);
-        EXPECT_EQ(time.Results().numBatches, 8);
-        EXPECT_NEAR(time.Results().covEstimate, c.estimate, 1e-15);
-        EXPECT_EQ(time.Results().rejectPositive, c.byTime);
-
-        CFiltrDoc obs;
-        ASSERT_EQ(RunBatch(obs, {File("o.dat", KIND_TALLY, TallyRecords(*c.means)), "", "", "", "Obs", "1"}), 0);
-        EXPECT_NEAR(obs.Results().covEstimate, c.estimate, 1e-15);
-        EXPECT_EQ(obs.Results().rejectPositive, c.byObs);
-        EXPECT_EQ(time.Results().rejectNonZero + obs.Results().rejectNonZero, 0);
-    }
-}
-
-TEST_F(Filtr, FractionalBatchSizeIsCutNotRounded) {
-    // 2.9 observations: batches of 2. (1,1),(2,3) -> (1.5, 2); (3,5),(4,7) ->
-    // (3.5, 6); (5,9) trails, one observation spanning 5 - 5 = 0.
-    // S = (6 - 2)^2 / 2 = 8, D = 16, estimate 0.
-    std::string src = File("f.dat", KIND_TALLY, {{1, 1}, {2, 3}, {3, 5}, {4, 7}, {5, 9}, {-1, -1}});
-    CFiltrDoc doc;
-    ASSERT_EQ(RunBatch(doc, {src, "", "", "", "O", "2.9", Out("f.flt")}), 0);
-    EXPECT_EQ(doc.Results().batchUsed, 2.0);
-    EXPECT_EQ(doc.Results().numBatches, 2);
-    EXPECT_EQ(doc.Results().trailingObs, 1);
-    EXPECT_EQ(doc.Results().trailingTime, 0.0);
-    EXPECT_EQ(doc.Results().covEstimate, 0.0);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("f.flt")), {{1.5, 2.0}, {3.5, 6.0}, {-1.0, -1.0}}));
-}
-
-TEST_F(Filtr, DefaultBatchSizeFormsTenBatchesOfTheFirstReplication) {
-    auto values = [](int n) {
-        std::vector<double> v;
-        for (int i = 0; i < n; ++i) v.push_back(i % 7);
-        return v;
-    };
-    // 30 observations: 30 / 10 = 3 per batch, ten batches, none trailing.
-    // 25 observations: 2.5 is cut to 2: twelve batches and one trailing.
-    const struct {
-        int n;
-        double perBatch;
-        int batches, trailing;
-    } byObs[] = {{30, 3.0, 10, 0}, {25, 2.0, 12, 1}};
-    for (const auto& c : byObs) {
-        CFiltrDoc doc;
-        ASSERT_EQ(RunBatch(doc, {File("d.dat", KIND_TALLY, TallyRecords(values(c.n))), "", "", "", "O", ""}), 0);
-        EXPECT_EQ(doc.Results().batchUsed, c.perBatch);
-        EXPECT_EQ(doc.Results().numBatches, c.batches);
-        EXPECT_EQ(doc.Results().trailingObs, c.trailing);
-    }
-    // By time, records at 0..20 span 20: W = 2. The record at 20 sits on the end
-    // of [18,20], which never closes: nine batches, 2 time units trailing.
+struct Case {
+    const char* what;
+    int kind;
     std::vector<Pair> recs;
-    for (int i = 0; i <= 20; ++i) recs.push_back({static_cast<double>(i), static_cast<double>(i % 3)});
-    recs.push_back({-1, -1});
-    CFiltrDoc doc;
-    ASSERT_EQ(RunBatch(doc, {File("e.dat", KIND_DSTAT, recs), "", "", "", "T", "0"}), 0);
-    EXPECT_EQ(doc.Results().batchUsed, 2.0);
-    EXPECT_EQ(doc.Results().numBatches, 9);
-    EXPECT_EQ(doc.Results().trailingTime, 2.0);
+    BatchArgs args;         // the test names the file and the output
+    Expect r;
+    std::vector<Pair> out;  // the output file's records; empty: no output file
+};
+
+TEST_F(Filtr, ResultsAndBatchedRecords) {
+    // Replication 2 of later.dat starts at time 100.
+    const std::vector<Pair> later{{0, 10}, {1, 20}, {2, 30}, {3, 40}, {-1, 0},
+                                  {100, 1}, {101, 2}, {102, 3}, {103, 4}, {-2, -1}};
+    const std::vector<Pair> noMarker{{1, 1}, {2, 2}, {3, 3}, {4, 4}};
+    std::vector<Pair> span20;  // records at 0..20
+    for (int i = 0; i <= 20; ++i) span20.push_back({static_cast<double>(i), static_cast<double>(i % 3)});
+    span20.push_back({-1, -1});
+    const std::vector<Pair> truncTally{{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {-1, -1}};
+    const Case cases[] = {
+        // DSTAT, W = 2, T = 0. Both time-0 records are truncated; the last one's 5
+        // is in force from 0. Batch [0,2]: 5 over [0,1] + 2 over [1,2] = 7, mean 3.5.
+        // Batch [2,4]: 2 over [2,3] + 4 over [3,4] = 6, mean 3; the record at 4 lies
+        // on the batch end and only the record at 6 closes it. Trailing: 6 - 4 = 2.
+        // Means 3.5, 3: S = 0.125, D = 0.25, estimate 1 - 0.25 / 0.25 = 0. DSTAT
+        // truncates by time by default.
+        {"zero truncation by time", KIND_DSTAT, {{0, 9}, {0, 5}, {1, 2}, {3, 4}, {4, 0}, {6, 1}, {-1, -1}},
+         {"", "", "", "", "Time", "2"},
+         {.truncUnit = 0, .truncUsed = 0, .batchUsed = 2, .batches = 2, .trailObs = -1, .trailTime = 2, .cov = 0},
+         {{1, 3.5}, {3, 3}, {-1, -1}}},
+        // CSTAT, W = 2. [0,2]: trapezoid 2 * (2 + 6) / 2 = 8, mean 4. The record at 5
+        // closes [2,4]: the line from (2,6) to (5,1) is 8/3 at 4, so the area is
+        // 2 * (6 + 8/3) / 2 = 26/3, mean 13/3. [4,6] is still open at the end.
+        // Two means always give the estimate 0 (D = 2S).
+        {"linear weighting", KIND_CSTAT, {{0, 2}, {2, 6}, {5, 1}, {6, 3}, {-1, -1}}, {"", "", "", "", "T", "2"},
+         {.batches = 2, .trailTime = 2, .cov = 0}, {{1, 4}, {3, 13.0 / 3.0}, {-1, -1}}},
+        // W = 2: the record at 2 is accumulated into [0,2], which stays open until a
+        // later record. With none, no batch is formed and 2 time units trail.
+        {"record at the batch end", KIND_DSTAT, {{0, 1}, {2, 3}, {-1, -1}}, {"", "", "", "", "T", "2"},
+         {.batches = -1, .trailTime = 2}, {{-1, -1}}},
+        // A record at 2.5 closes [0,2] with mean (2 * 1) / 2 = 1 at its midpoint 1;
+        // one mean has S = 0, so no estimate is stored. 0.5 trails.
+        {"record after the batch end", KIND_DSTAT, {{0, 1}, {2, 3}, {2.5, 0}, {-1, -1}}, {"", "", "", "", "T", "2"},
+         {.batches = -1, .trailTime = 0.5, .cov = -1}, {{1, 1}, {-1, -1}}},
+        // Batches of one observation: the means are the values.
+        // 1..7: mean 4, S = 28, D = 6, estimate 1 - 6/56 = 25/28; no test below 8.
+        // 1..8: S = 42, D = 7, estimate 1 - 7/84 = 11/12;
+        //       z = (11/12) / sqrt(6/63) = 2.970 > 1.645.
+        {"seven batches", KIND_TALLY, TallyRecords({1, 2, 3, 4, 5, 6, 7}), {"", "", "", "", "O", "1"},
+         {.batches = 7, .trailObs = 0, .cov = 25.0 / 28.0, .rejectPositive = 0, .rejectNonZero = 0}, {}},
+        {"eight batches", KIND_TALLY, TallyRecords({1, 2, 3, 4, 5, 6, 7, 8}), {"", "", "", "", "O", "1"},
+         {.batches = 8, .trailObs = 0, .cov = 11.0 / 12.0, .rejectPositive = 1, .rejectNonZero = 0}, {}},
+        // A z above 1.96 withdraws the rejection only when batching by time.
+        // Means 1,2,3,4,5,6,3,4: sum 28, mean 3.5, sum of squares 116, S = 116 - 98
+        // = 18, D = 1+1+1+1+1+9+1 = 15, estimate 1 - 15/36 = 7/12, z = (7/12) /
+        // 0.3086 = 1.890, between 1.645 and 1.96.
+        {"large z by time", KIND_DSTAT, StepRecords({1, 2, 3, 4, 5, 6, 7, 8}), {"", "", "", "", "Time", "1"},
+         {.batches = 8, .cov = 11.0 / 12.0, .rejectPositive = 0, .rejectNonZero = 0}, {}},
+        {"moderate z by time", KIND_DSTAT, StepRecords({1, 2, 3, 4, 5, 6, 3, 4}), {"", "", "", "", "Time", "1"},
+         {.batches = 8, .cov = 7.0 / 12.0, .rejectPositive = 1, .rejectNonZero = 0}, {}},
+        {"moderate z by observations", KIND_TALLY, TallyRecords({1, 2, 3, 4, 5, 6, 3, 4}),
+         {"", "", "", "", "Obs", "1"}, {.cov = 7.0 / 12.0, .rejectPositive = 1, .rejectNonZero = 0}, {}},
+        // 2.9 observations: batches of 2. (1,1),(2,3) -> (1.5, 2); (3,5),(4,7) ->
+        // (3.5, 6); (5,9) trails, one observation spanning 5 - 5 = 0.
+        // S = (6 - 2)^2 / 2 = 8, D = 16, estimate 0.
+        {"fractional batch size is cut", KIND_TALLY, {{1, 1}, {2, 3}, {3, 5}, {4, 7}, {5, 9}, {-1, -1}},
+         {"", "", "", "", "O", "2.9"}, {.batchUsed = 2, .batches = 2, .trailObs = 1, .trailTime = 0, .cov = 0},
+         {{1.5, 2}, {3.5, 6}, {-1, -1}}},
+        // The default batch forms ten batches of the first replication. 30
+        // observations: 3 per batch, none trailing. 25: 2.5 is cut to 2, twelve
+        // batches and one trailing. By time, records at 0..20 span 20: W = 2; the
+        // record at 20 sits on the end of [18,20], which never closes: nine
+        // batches, 2 time units trailing.
+        {"default of 30 observations", KIND_TALLY, TallyRecords(Cycle(30, 7)), {"", "", "", "", "O", ""},
+         {.batchUsed = 3, .batches = 10, .trailObs = 0}, {}},
+        {"default of 25 observations", KIND_TALLY, TallyRecords(Cycle(25, 7)), {"", "", "", "", "O", ""},
+         {.batchUsed = 2, .batches = 12, .trailObs = 1}, {}},
+        {"default of a span of 20", KIND_DSTAT, span20, {"", "", "", "", "T", "0"},
+         {.batchUsed = 2, .batches = 9, .trailTime = 2}, {}},
+        // T = 1, W = 1. Replication 1: r = 1; 10 and 20 are truncated, [1,2] holds
+        // 20, closed by the record at 3: (1.5, 20). Replication 2 starts at 100, so
+        // r = 101: [101,102] holds 2, closed at 103: (101.5, 2). One mean per pass:
+        // S = 0. Chosen alone, replication 2 ends with the closing record.
+        {"later replications truncate from their own start", KIND_DSTAT, later, {"", "All", "", "1", "T", "1"},
+         {.batches = -1, .trailTime = 1}, {{1.5, 20}, {-1, 0}, {101.5, 2}, {-2, -1}}},
+        {"replication 2 alone", KIND_DSTAT, later, {"", "2", "", "1", "T", "1"}, {}, {{101.5, 2}, {-1, -1}}},
+        // W = 1. Continuing times: [0,1] holds 1 -> (0.5, 1); [1,2] holds 2 ->
+        // (1.5, 2) once 2.5 arrives after the boundary; [2,3]: 3 over [2,2.5] + 4
+        // over [2.5,3] = 3.5 -> (2.5, 3.5); 1 trails. Means 1, 2, 3.5: S = 17.25 -
+        // 6.5^2/3 = 19/6, D = 1 + 2.25 = 3.25, estimate 1 - 3.25 / (19/3) = 37/76.
+        {"lumped by time", KIND_DSTAT, {{0, 1}, {1, 2}, {2, 3}, {-1, 0}, {2.5, 4}, {3, 5}, {4, 6}, {-2, -1}},
+         {"", "Lumped", "", "", "T", "1"}, {.batches = 3, .trailTime = 1, .cov = 37.0 / 76.0},
+         {{0.5, 1}, {1.5, 2}, {2.5, 3.5}, {-1, -1}}},
+        // Replication 2 starting at 0.5, before the open batch [1,2]: the pass ends,
+        // nothing is stored, the batch already written stays.
+        {"lumped by time running back", KIND_DSTAT, {{0, 1}, {1, 2}, {2, 3}, {-1, 0}, {0.5, 4}, {3, 5}, {-2, -1}},
+         {"", "Lumped", "", "", "T", "1"}, {.batches = -1, .trailTime = -1}, {{0.5, 1}, {-1, -1}}},
+        // B = 2 across the boundary: (1.5, 1.5), (3.5, 3.5); (5, 5) trails.
+        {"lumped by observations", KIND_TALLY, {{1, 1}, {2, 2}, {3, 3}, {-1, 0}, {4, 4}, {5, 5}, {-2, -1}},
+         {"", "Lumped", "", "", "O", "2"}, {.batches = 2, .trailObs = 1}, {{1.5, 1.5}, {3.5, 3.5}, {-1, -1}}},
+        // By time, data ending before the truncation point store nothing: the
+        // file holds its header and the closing record.
+        {"data ending before the truncation", KIND_DSTAT, {{0, 1}, {1, 2}, {-1, -1}}, {"", "", "", "5", "T", "1"},
+         {.truncUsed = -1, .batches = -1, .trailTime = -1, .cov = -1}, {{-1, -1}}},
+        // One observation truncated; the skip marker is read over, not copied.
+        {"no batching", KIND_TALLY, {{1, 1}, {-1, -2}, {2, 2}, {3, 3}, {-1, -1}}, {"", "", "", "1", "", ""},
+         {.truncUsed = 1, .batches = -1, .trailObs = -1, .cov = -1}, {{2, 2}, {3, 3}, {-1, -1}}},
+        // Truncation by time 1 drops (0,1) and (1,2); batches of one: 3, 4, 5.
+        // S = 2, D = 2, estimate 1 - 2/4 = 0.5. A truncation of 0 drops nothing
+        // here (unlike batching by time): means 1..5, S = 10, D = 4, estimate 0.8.
+        // 0.5 drops (0,1): means 2..5, S = 5, D = 3, estimate 0.7.
+        {"observations truncated by time 1", KIND_TALLY, truncTally, {"", "", "Time", "1", "O", "1"},
+         {.truncUsed = 1, .batches = 3, .cov = 0.5}, {}},
+        {"observations truncated by time 0", KIND_TALLY, truncTally, {"", "", "Time", "", "O", "1"},
+         {.truncUsed = 0, .batches = 5, .cov = 0.8}, {}},
+        {"observations truncated by time 0.5", KIND_TALLY, truncTally, {"", "", "Time", "0.5", "O", "1"},
+         {.truncUsed = 0.5, .batches = 4, .cov = 0.7}, {}},
+        // Observation unit, amount 1: batching by time still drops the records up
+        // to time 1. Values 1,2,3,4,0,0 at 0..5: [1,2] = 2, [2,3] = 3, [3,4] = 4.
+        {"batching by time truncates by time", KIND_DSTAT, StepRecords({1, 2, 3, 4}),
+         {"", "", "Observation", "1", "Time", "1"}, {.truncUnit = 1, .truncUsed = 1},
+         {{1.5, 2}, {2.5, 3}, {3.5, 4}, {-1, -1}}},
+        // Kind 5 may end without a marker. B = 2: (1.5, 1.5), (3.5, 3.5) and, lumped
+        // or a single replication, the closing record.
+        {"no end marker", KIND_FILTERED, noMarker, {"", "", "", "", "O", "2"}, {}, {{1.5, 1.5}, {3.5, 3.5}, {-1, -1}}},
+        {"no end marker, lumped", KIND_FILTERED, noMarker, {"", "Lumped", "", "", "O", "2"}, {},
+         {{1.5, 1.5}, {3.5, 3.5}, {-1, -1}}},
+        {"no end marker, all", KIND_FILTERED, noMarker, {"", "All", "", "", "O", "2"}, {}, {{1.5, 1.5}, {3.5, 3.5}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        BatchArgs args = c.args;
+        args.file = File("in.dat", c.kind, c.recs);
+        if (!c.out.empty()) args.out = Out("out.flt");
+        CFiltrDoc doc;
+        ASSERT_EQ(RunBatch(doc, args), 0);
+        const BatchResults& r = doc.Results();
+        auto check = [](const char* name, double got, double want) {
+            if (want != kAny) {
+                EXPECT_NEAR(got, want, 1e-12) << name;
+            }
+        };
+        check("truncation unit", doc.truncUnit, c.r.truncUnit);
+        check("truncation", r.truncUsed, c.r.truncUsed);
+        check("batch size", r.batchUsed, c.r.batchUsed);
+        check("batches", r.numBatches, c.r.batches);
+        check("trailing observations", r.trailingObs, c.r.trailObs);
+        check("trailing time", r.trailingTime, c.r.trailTime);
+        check("estimate", r.covEstimate, c.r.cov);
+        check("rejects positive", r.rejectPositive, c.r.rejectPositive);
+        check("rejects non-zero", r.rejectNonZero, c.r.rejectNonZero);
+        if (!c.out.empty()) {
+            EXPECT_TRUE(SameRecords(ReadRecords(args.out), c.out, 1e-12));
+        }
+    }
 }
 
 TEST_F(Filtr, AllKeepsTheFirstDefaultAndCopiesReplicationEnds) {
@@ -235,154 +256,41 @@ TEST_F(Filtr, AllKeepsTheFirstDefaultAndCopiesReplicationEnds) {
     EXPECT_TRUE(out.back() == (Pair{-2.0, -1.0}));
 }
 
-TEST_F(Filtr, LaterReplicationTruncatesFromItsOwnStart) {
-    // T = 1, W = 1. Replication 1: r = 1; 10 and 20 are truncated, [1,2] holds
-    // 20, closed by the record at 3: (1.5, 20). Replication 2 starts at 100, so
-    // r = 101: [101,102] holds 2, closed at 103: (101.5, 2).
-    std::string src = File("r.dat", KIND_DSTAT,
-                           {{0, 10}, {1, 20}, {2, 30}, {3, 40}, {-1, 0}, {100, 1}, {101, 2}, {102, 3}, {103, 4},
-                            {-2, -1}});
-    CFiltrDoc all;
-    ASSERT_EQ(RunBatch(all, {src, "All", "", "1", "T", "1", Out("r.flt")}), 0);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("r.flt")), {{1.5, 20.0}, {-1.0, 0.0},
-                                                                  {101.5, 2.0}, {-2.0, -1.0}}));
-    EXPECT_EQ(all.Results().trailingTime, 1.0);
-    EXPECT_EQ(all.Results().numBatches, -1);  // one mean per pass: S = 0
-
-    // The same holds for replication 2 chosen alone, which ends with the closing record.
-    CFiltrDoc one;
-    ASSERT_EQ(RunBatch(one, {src, "2", "", "1", "T", "1", Out("r2.flt")}), 0);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("r2.flt")), {{101.5, 2.0}, {-1.0, -1.0}}));
-}
-
-TEST_F(Filtr, LumpedByTimeGoesOnOnlyWhileTimeDoesNotRunBack) {
-    // W = 1. Continuing times: [0,1] holds 1 -> (0.5, 1); [1,2] holds 2 ->
-    // (1.5, 2) once 2.5 arrives after the boundary; [2,3]: 3 over [2,2.5] + 4
-    // over [2.5,3] = 3.5 -> (2.5, 3.5); 1 trails. Means 1, 2, 3.5: S = 17.25 -
-    // 6.5^2/3 = 19/6, D = 1 + 2.25 = 3.25, estimate 1 - 3.25 / (19/3) = 37/76.
-    std::string on = File("on.dat", KIND_DSTAT,
-                          {{0, 1}, {1, 2}, {2, 3}, {-1, 0}, {2.5, 4}, {3, 5}, {4, 6}, {-2, -1}});
-    CFiltrDoc doc;
-    ASSERT_EQ(RunBatch(doc, {on, "Lumped", "", "", "T", "1", Out("on.flt")}), 0);
-    EXPECT_EQ(doc.Results().numBatches, 3);
-    EXPECT_NEAR(doc.Results().covEstimate, 37.0 / 76.0, 1e-15);
-    EXPECT_EQ(doc.Results().trailingTime, 1.0);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("on.flt")), {{0.5, 1.0}, {1.5, 2.0},
-                                                                   {2.5, 3.5}, {-1.0, -1.0}}));
-
-    // Replication 2 starting at 0.5, before the open batch [1,2]: the pass ends,
-    // nothing is stored, the batch already written stays.
-    std::string back = File("back.dat", KIND_DSTAT, {{0, 1}, {1, 2}, {2, 3}, {-1, 0}, {0.5, 4}, {3, 5}, {-2, -1}});
-    CFiltrDoc stop;
-    ASSERT_EQ(RunBatch(stop, {back, "Lumped", "", "", "T", "1", Out("back.flt")}), 0);
-    EXPECT_EQ(stop.Results().numBatches, -1);
-    EXPECT_EQ(stop.Results().trailingTime, -1.0);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("back.flt")), {{0.5, 1.0}, {-1.0, -1.0}}));
-}
-
-TEST_F(Filtr, LumpedByObservationsRefusesTimeRunningBack) {
-    // B = 2 across the boundary: (1.5, 1.5), (3.5, 3.5); (5, 5) trails.
-    std::string on = File("on.dat", KIND_TALLY, {{1, 1}, {2, 2}, {3, 3}, {-1, 0}, {4, 4}, {5, 5}, {-2, -1}});
-    CFiltrDoc doc;
-    ASSERT_EQ(RunBatch(doc, {on, "Lumped", "", "", "O", "2", Out("on.flt")}), 0);
-    EXPECT_EQ(doc.Results().numBatches, 2);
-    EXPECT_EQ(doc.Results().trailingObs, 1);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("on.flt")), {{1.5, 1.5}, {3.5, 3.5}, {-1.0, -1.0}}));
-
-    // A later replication starting before the last time read, at any boundary.
-    std::string back = File("back.dat", KIND_TALLY,
-                            {{1, 1}, {2, 2}, {-1, 0}, {3, 3}, {-2, 0}, {2.5, 4}, {-3, -1}});
-    { std::ofstream(Out("kept.flt")) << "an earlier result"; }
-    CFiltrDoc refused;
-    EXPECT_EQ(RunBatch(refused, {back, "Lumped", "", "", "O", "2", Out("kept.flt")}), IDS_LUMPED_NOT_ALLOWED);
-    EXPECT_EQ(filtr_test::ReadBytes(Out("kept.flt")), "an earlier result");
-    // on.dat, on.flt, back.dat and kept.flt: no temporary file is left beside them.
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_dir.path()), {}), 4);
-}
-
-TEST_F(Filtr, DataEndingBeforeTheTruncationPoint) {
-    // By time the pass stores nothing and the file holds its header and the
-    // closing record; by observations it is an error and no file is left.
-    std::string src = File("short.dat", KIND_DSTAT, {{0, 1}, {1, 2}, {-1, -1}});
-    CFiltrDoc time;
-    ASSERT_EQ(RunBatch(time, {src, "", "", "5", "T", "1", Out("short.flt")}), 0);
-    EXPECT_EQ(time.Results().truncUsed, -1.0);
-    EXPECT_EQ(time.Results().numBatches, -1);
-    EXPECT_EQ(time.Results().trailingTime, -1.0);
-    EXPECT_EQ(time.Results().covEstimate, -1.0);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("short.flt")), {{-1.0, -1.0}}));
-
-    CFiltrDoc obs;
-    EXPECT_EQ(RunBatch(obs, {src, "", "O", "3", "O", "1", Out("none.flt")}), IDS_NO_OBSERVATIONS_FOUND);
-    EXPECT_EQ(RunBatch(obs, {src, "", "T", "5", "O", "1", Out("none.flt")}), IDS_NO_OBSERVATIONS_FOUND);
-    EXPECT_FALSE(std::filesystem::exists(Out("none.flt")));
-}
-
-TEST_F(Filtr, ZeroSpansEndWithZeroDenominator) {
-    // All records at one time: the default span is 0. One batch by observations
-    // has S = 0. Fewer than ten observations make a default batch of 0.
+// A failed run leaves an earlier output file as it was and no temporary file.
+TEST_F(Filtr, FailuresLeaveTheOutputAlone) {
+    const std::vector<Pair> shortData{{0, 1}, {1, 2}, {-1, -1}};
     const struct {
         const char* what;
         int kind;
         std::vector<Pair> recs;
-        const char* unit;
+        BatchArgs args;
+        int id;
     } cases[] = {
-        {"one time", KIND_DSTAT, {{5, 1}, {5, 2}, {5, 3}, {-1, -1}}, "T"},
-        {"one batch", KIND_TALLY, {{1, 1}, {2, 2}, {3, 3}, {-1, -1}}, "O"},
-        {"default of no observations", KIND_TALLY, {{1, 1}, {2, 2}, {-1, -1}}, "O"},
+        // A later replication starting before the last time read, at any boundary.
+        {"lumped by observations running back", KIND_TALLY,
+         {{1, 1}, {2, 2}, {-1, 0}, {3, 3}, {-2, 0}, {2.5, 4}, {-3, -1}}, {"", "Lumped", "", "", "O", "2"},
+         IDS_LUMPED_NOT_ALLOWED},
+        // By observations, data ending before the truncation point are an error.
+        {"truncated by observations", KIND_DSTAT, shortData, {"", "", "O", "3", "O", "1"}, IDS_NO_OBSERVATIONS_FOUND},
+        {"truncated by time", KIND_DSTAT, shortData, {"", "", "T", "5", "O", "1"}, IDS_NO_OBSERVATIONS_FOUND},
+        // All records at one time: the default span is 0. One batch by observations
+        // has S = 0. Fewer than ten observations make a default batch of 0.
+        {"one time", KIND_DSTAT, {{5, 1}, {5, 2}, {5, 3}, {-1, -1}}, {"", "", "", "", "T", ""}, IDS_ZERO_DENOMINATOR},
+        {"one batch", KIND_TALLY, {{1, 1}, {2, 2}, {3, 3}, {-1, -1}}, {"", "", "", "", "O", "3"}, IDS_ZERO_DENOMINATOR},
+        {"default of no observations", KIND_TALLY, {{1, 1}, {2, 2}, {-1, -1}}, {"", "", "", "", "O", ""},
+         IDS_ZERO_DENOMINATOR},
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        test_WriteBytes(Out("kept.flt"), "an earlier result");
+        BatchArgs args = c.args;
+        args.file = File("in.dat", c.kind, c.recs);
+        args.out = Out("kept.flt");
         CFiltrDoc doc;
-        std::string size = std::string(c.what) == "one batch" ? "3" : "";
-        EXPECT_EQ(RunBatch(doc, {File("z.dat", c.kind, c.recs), "", "", "", c.unit, size, Out("z.flt")}),
-                  IDS_ZERO_DENOMINATOR)
-            << c.what;
-        EXPECT_FALSE(std::filesystem::exists(Out("z.flt")));
+        EXPECT_EQ(RunBatch(doc, args), c.id);
+        EXPECT_EQ(test_ReadBytes(Out("kept.flt")), "an earlier result");
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_dir.Dir()), {}), 2);
     }
-}
-
-TEST_F(Filtr, NoBatchingCopiesWhatFollowsTheTruncation) {
-    // One observation truncated; the skip marker is read over, not copied.
-    std::string src = File("n.dat", KIND_TALLY, {{1, 1}, {-1, -2}, {2, 2}, {3, 3}, {-1, -1}});
-    CFiltrDoc doc;
-    ASSERT_EQ(RunBatch(doc, {src, "", "", "1", "", "", Out("n.flt")}), 0);
-    EXPECT_EQ(doc.Results().truncUsed, 1.0);
-    EXPECT_EQ(doc.Results().numBatches, -1);
-    EXPECT_EQ(doc.Results().trailingObs, -1);
-    EXPECT_EQ(doc.Results().covEstimate, -1.0);
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("n.flt")), {{2.0, 2.0}, {3.0, 3.0}, {-1.0, -1.0}}));
-}
-
-TEST_F(Filtr, BatchingByObservationsTruncatedByTime) {
-    // Truncation by time 1 drops (0,1) and (1,2); batches of one: 3, 4, 5.
-    // S = 2, D = 2, estimate 1 - 2/4 = 0.5. A truncation of 0 drops nothing
-    // here (unlike batching by time): means 1..5, S = 10, D = 4, estimate 0.8.
-    std::string src = File("bt.dat", KIND_TALLY, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {-1, -1}});
-    const struct {
-        const char* trunc;
-        int batches;
-        double truncUsed, estimate;
-    } cases[] = {{"1", 3, 1.0, 0.5}, {"", 5, 0.0, 0.8}, {"0.5", 4, 0.5, 1.0 - 3.0 / 10.0}};
-    for (const auto& c : cases) {
-        CFiltrDoc doc;
-        ASSERT_EQ(RunBatch(doc, {src, "", "Time", c.trunc, "O", "1"}), 0) << c.trunc;
-        EXPECT_EQ(doc.Results().numBatches, c.batches) << c.trunc;
-        EXPECT_EQ(doc.Results().truncUsed, c.truncUsed) << c.trunc;
-        EXPECT_NEAR(doc.Results().covEstimate, c.estimate, 1e-15) << c.trunc;
-    }
-}
-
-TEST_F(Filtr, BatchingByTimeAlwaysTruncatesByTime) {
-    // Observation unit, amount 1: still the records up to time 1 are dropped.
-    // Same file and means as the zero-truncation case shifted by one batch.
-    std::string src = File("u.dat", KIND_DSTAT, StepRecords({1, 2, 3, 4}));
-    CFiltrDoc doc;
-    ASSERT_EQ(RunBatch(doc, {src, "", "Observation", "1", "Time", "1", Out("u.flt")}), 0);
-    EXPECT_EQ(doc.truncUnit, 1);
-    EXPECT_EQ(doc.Results().truncUsed, 1.0);
-    // Records at 0..5 with values 1,2,3,4,0,0: [1,2] = 2, [2,3] = 3, [3,4] = 4.
-    EXPECT_TRUE(SameRecords(ReadRecords(Out("u.flt")), {{1.5, 2.0}, {2.5, 3.0},
-                                                                  {3.5, 4.0}, {-1.0, -1.0}}));
 }
 
 // The estimate on the batch means as written, against exact arithmetic: the
@@ -425,20 +333,6 @@ TEST_F(Filtr, EstimateIsExactOnMeansWithALargeOffset) {
     }
 }
 
-TEST_F(Filtr, FileWithoutEndMarkerIsBatchedToItsEnd) {
-    // Kind 5 may end without a marker. B = 2: (1.5, 1.5), (3.5, 3.5) and, lumped
-    // or a single replication, the closing record.
-    std::string src = File("cut.dat", KIND_FILTERED, {{1, 1}, {2, 2}, {3, 3}, {4, 4}});
-    for (const char* reps : {"", "Lumped", "All"}) {
-        CFiltrDoc doc;
-        ASSERT_EQ(RunBatch(doc, {src, reps, "", "", "O", "2", Out("cut.flt")}), 0) << reps;
-        std::vector<Pair> out = ReadRecords(Out("cut.flt"));
-        ASSERT_GE(out.size(), 2u);
-        EXPECT_TRUE(out[1] == (Pair{3.5, 3.5}));
-        EXPECT_EQ(out.size(), std::string(reps) == "All" ? 2u : 3u) << reps;
-    }
-}
-
 }  // namespace
 
 namespace {
@@ -467,21 +361,21 @@ TEST_F(Filtr, OutputFileBytes) {
     };
     const std::vector<Pair> recs{{0, 9}, {0, 5}, {1, 2}, {3, 4}, {4, 0}, {6, 1}, {-1, -1}};
     {
-        std::string src = m_dir / "n.dat";
+        std::string src = m_dir.Path("n.dat");
         WriteDataFile(src, KIND_DSTAT, recs, "QUEUE", "Source title", 0);
         CFiltrDoc doc;
         ASSERT_EQ(RunBatch(doc, {src, "", "", "", "T", "2", Out("d.flt"), "Batched"}), 0);
-        EXPECT_EQ(filtr_test::ReadBytes(Out("d.flt")),
+        EXPECT_EQ(test_ReadBytes(Out("d.flt")),
                   header('N', 'D') + Doubles({1.0, 3.5, 3.0, 3.0, -1.0, -1.0}));
     }
     {
         // The writer follows the configuration, not the source's precision.
-        std::string src = m_dir / "y.dat";
+        std::string src = m_dir.Path("y.dat");
         WriteDataFile(src, KIND_DSTAT, recs, "QUEUE", "Source title", 1);
         filtr_test::ScopedPrecision single(0);
         CFiltrDoc doc;
         ASSERT_EQ(RunBatch(doc, {src, "", "", "", "T", "2", Out("s.flt"), "Batched"}), 0);
-        EXPECT_EQ(filtr_test::ReadBytes(Out("s.flt")),
+        EXPECT_EQ(test_ReadBytes(Out("s.flt")),
                   header('Y', 'S') + Floats({1.0f, 3.5f, 3.0f, 3.0f, -1.0f, -1.0f}));
     }
 }

@@ -1,15 +1,13 @@
-// Small data files written by the tests themselves, and a scratch folder.
+// Batch/Truncate tests: data files written and read back through the data-file
+// layer, and one run of the dialog and the document.
 #pragma once
-
-#include <stdlib.h>
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "TestFiles.h"
 #include "datafile/DataFile.h"
 #include "framework/Config.h"
 
@@ -18,27 +16,6 @@ namespace filtr_test {
 struct Pair {
     double t;
     double v;
-};
-
-// A fresh folder under the system's temporary folder, removed at the end.
-class ScratchDir {
-public:
-    ScratchDir() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "oproc-test-XXXXXX").string();
-        std::vector<char> buf(pattern.begin(), pattern.end());
-        buf.push_back('\0');
-        m_path = ::mkdtemp(buf.data());
-    }
-    ~ScratchDir() {
-        std::error_code ec;
-        std::filesystem::permissions(m_path, std::filesystem::perms::owner_all, ec);
-        std::filesystem::remove_all(m_path, ec);
-    }
-    std::string operator/(const std::string& name) const { return (m_path / name).string(); }
-    const std::filesystem::path& path() const { return m_path; }
-
-private:
-    std::filesystem::path m_path;
 };
 
 // Writes the precision the test asks for and puts the setting back after.
@@ -60,11 +37,6 @@ inline void WriteDataFile(const std::string& path, int kind, const std::vector<P
     op_WriteFileHdr(f, false, kind, op_KindText(kind), reinit, 1, 0, 0, ident, title);
     for (const Pair& p : records) op_WritePair(f, &p.t, &p.v);
     std::fclose(f);
-}
-
-inline std::string ReadBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
 // The records of a data file after its header (8- or 4-byte as the header says).

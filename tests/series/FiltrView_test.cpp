@@ -29,7 +29,7 @@ protected:
     // Relative output names, as a user types them, resolve in the scratch folder.
     void SetUp() override {
         m_old = fs::current_path();
-        fs::current_path(m_dir.path());
+        fs::current_path(m_dir.Dir());
     }
     void TearDown() override { fs::current_path(m_old); }
     std::string Report(CFiltrDoc& doc) {
@@ -37,7 +37,7 @@ protected:
         view.SetDocument(&doc);
         return txt_ReportText(view);
     }
-    filtr_test::ScratchDir m_dir;
+    TempDir m_dir;
     filtr_test::ScopedPrecision m_precision{1};
     fs::path m_old;
 };

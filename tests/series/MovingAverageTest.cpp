@@ -84,15 +84,9 @@ TEST(MovingAverageTest, WelchSeriesUsesTheShortestReplication) {
                                                    {2.5, 3.3, 9.1, 6.0, 4.8, 1.1, 2.2},
                                                    {5.0, 2.7, 3.9, 7.7, 6.1},
                                                    {4.4, 8.2, 1.6, 5.3, 3.8, 9.9, 0.4, 2.0}};
-    std::vector<std::vector<Rec>> recs;
-    for (const auto& r : reps) {
-        recs.emplace_back();
-        for (double v : r) recs.back().push_back({static_cast<double>(recs.back().size()), v});
-    }
     TempDir dir;
-    test_WriteDataFile(dir.Path("w.dat"), {}, test_Replications(recs));
     CMoveDlg dlg;
-    dlg.m_strFile = dir.Path("w.dat");
+    dlg.m_strFile = dir.WriteReps("w.dat", 3, reps);
     dlg.m_strReps = "All";
     dlg.m_nWindow = 1;
     dlg.m_bWarmup = false;

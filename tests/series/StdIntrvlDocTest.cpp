@@ -8,35 +8,14 @@
 
 #include <cmath>
 
+#include "TestFiles.h"
 #include "datafile/FileGlobals.h"
 #include "series/StdInDlg.h"
 #include "series/StdIntTextView.h"
 #include "series/StdIntrvlDoc.h"
-#include "stats/IntervalTestFiles.h"
+#include "stats/IntervalDialogs.h"
 
 namespace {
-
-struct Row {
-    std::string path;
-    const char* reps;
-    std::string ident;
-};
-
-CStdInDlg MakeDialog(const std::vector<Row>& rows, const char* level) {
-    CStdInDlg dlg;
-    for (const Row& r : rows) {
-        dlg.AddFile(r.path, r.reps);
-        dlg.m_items.back().m_strIdent = r.ident;
-    }
-    dlg.m_strLevel = level;
-    return dlg;
-}
-
-std::string Report(CStdIntrvlDoc& doc) {
-    CStdIntTextView view;
-    view.SetDocument(&doc);
-    return txt_ReportText(view);
-}
 
 class StdIntrvlDocTest : public ::testing::Test {
 protected:
@@ -44,7 +23,7 @@ protected:
         s5 = dir.WriteReps("s5.dat", KIND_TALLY, {{1, 3, 2, 6, 9}});
         b2 = dir.WriteReps("b2.dat", KIND_TALLY, {{1, 3, 2}, {6, 9}});
     }
-    IntervalTestDir dir;
+    TempDir dir;
     std::string s5, b2;
 };
 
@@ -54,16 +33,14 @@ TEST_F(StdIntrvlDocTest, Report) {
     // S = 1.5, V = 2.25, hw = 12.706 * 1.5 = 19.06. Lumped, a batch straddles
     // the boundary and the numbers are those of s5.
     const std::string k = dir.WriteReps("k.dat", KIND_TALLY, {{5, 5, 5, 5}});
-    CStdInDlg dlg = MakeDialog({{s5, "", "s5.dat"},
-                                {k, "1", "k.dat"},
-                                {b2, "All", "b2.dat"},
-                                {b2, "Lumped", "b2.dat"},
-                                {s5, "", "abcdefghijklmnopqrstuvwxyz0123456789ABCDEFGHIJ"}},
-                               "0.95");
+    CStdInDlg dlg = test_IntervalDialog<CStdInDlg>(
+        {{s5, "", "s5.dat"}, {k, "1", "k.dat"}, {b2, "All", "b2.dat"}, {b2, "Lumped", "b2.dat"},
+         {s5, "", "abcdefghijklmnopqrstuvwxyz0123456789ABCDEFGHIJ"}},
+        "0.95");
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CStdIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(Report(doc),
+    EXPECT_EQ(test_Report<CStdIntTextView>(doc),
               "        Standardized Time Series Intervals Summary\n"
               "\n"
               "IDENTIFIER              AVERAGE   SQRT(A/N)  0.950 C.I.    MINIMUM    MAXIMUM  NUMBER\n"
@@ -78,9 +55,8 @@ TEST_F(StdIntrvlDocTest, Report) {
 }
 
 TEST_F(StdIntrvlDocTest, ResultsAndGraphRange) {
-    CStdInDlg dlg = MakeDialog({{s5, "", ""}, {b2, "2", ""}}, "0.95");
     CStdIntrvlDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CStdInDlg>(doc, {{s5, "", ""}, {b2, "2", ""}}, "0.95"), 0);
     const IntervalRow& r = doc.Results().rows[0];
     EXPECT_DOUBLE_EQ(r.stdDev, std::sqrt(3.5));
     EXPECT_NEAR(r.halfWidth, 3.182446 * std::sqrt(3.5 / 3.0), 1e-5);
@@ -94,18 +70,15 @@ TEST_F(StdIntrvlDocTest, ResultsAndGraphRange) {
 
 TEST_F(StdIntrvlDocTest, TooFewObservations) {
     const std::string one = dir.WriteReps("one.dat", KIND_TALLY, {{4}});
-    CStdInDlg dlg = MakeDialog({{s5, "", ""}, {one, "", ""}}, "0.95");
     CStdIntrvlDoc doc;
-    EXPECT_EQ(doc.InitFromDialog(dlg), 15901);
+    EXPECT_EQ(test_RunIntervals<CStdInDlg>(doc, {{s5, "", ""}, {one, "", ""}}, "0.95"), 15901);
 
     // One observation in each replication: a batch of two only when lumped.
     const std::string split = dir.WriteReps("split.dat", KIND_TALLY, {{4}, {5}});
-    CStdInDlg lumped = MakeDialog({{split, "Lumped", ""}}, "0.95");
-    CStdInDlg first = MakeDialog({{split, "1", ""}}, "0.95");
     CStdIntrvlDoc d1, d2;
-    EXPECT_EQ(d1.InitFromDialog(lumped), 0);
+    EXPECT_EQ(test_RunIntervals<CStdInDlg>(d1, {{split, "Lumped", ""}}, "0.95"), 0);
     EXPECT_EQ(d1.Results().rows[0].numObs, 2);
-    EXPECT_EQ(d2.InitFromDialog(first), 15901);
+    EXPECT_EQ(test_RunIntervals<CStdInDlg>(d2, {{split, "1", ""}}, "0.95"), 15901);
 }
 
 TEST_F(StdIntrvlDocTest, AtMost4999Batches) {
@@ -115,14 +88,10 @@ TEST_F(StdIntrvlDocTest, AtMost4999Batches) {
     values.push_back(1.0);
     const std::string over = dir.WriteReps("over.dat", KIND_TALLY, {values});
 
-    CStdInDlg d1 = MakeDialog({{ok, "", ""}}, "0.95");
-    CStdIntrvlDoc doc1;
-    EXPECT_EQ(doc1.InitFromDialog(d1), 0);
+    CStdIntrvlDoc doc1, doc2;
+    EXPECT_EQ(test_RunIntervals<CStdInDlg>(doc1, {{ok, "", ""}}, "0.95"), 0);
     EXPECT_EQ(doc1.Results().rows[0].numObs, 9998);
-
-    CStdInDlg d2 = MakeDialog({{ok, "", ""}, {over, "", ""}}, "0.95");
-    CStdIntrvlDoc doc2;
-    EXPECT_EQ(doc2.InitFromDialog(d2), 15906);
+    EXPECT_EQ(test_RunIntervals<CStdInDlg>(doc2, {{ok, "", ""}, {over, "", ""}}, "0.95"), 15906);
 }
 
 TEST_F(StdIntrvlDocTest, LargeOffsetKeepsItsDigits) {
@@ -130,9 +99,8 @@ TEST_F(StdIntrvlDocTest, LargeOffsetKeepsItsDigits) {
     std::vector<double> values;
     for (double x : {1.0, 3.0, 2.0, 6.0, 9.0}) values.push_back(1e9 + x / 8);
     const std::string big = dir.WriteReps("big.dat", KIND_TALLY, {values});
-    CStdInDlg dlg = MakeDialog({{big, "", ""}}, "0.95");
     CStdIntrvlDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CStdInDlg>(doc, {{big, "", ""}}, "0.95"), 0);
     EXPECT_EQ(doc.Results().rows[0].average, 1e9 + 3.0 / 8);
     EXPECT_NEAR(doc.Results().rows[0].stdDev, std::sqrt(3.5) / 8, 1e-12);
 }
@@ -140,7 +108,7 @@ TEST_F(StdIntrvlDocTest, LargeOffsetKeepsItsDigits) {
 TEST_F(StdIntrvlDocTest, OneBatchOfAllObservations) {
     // The reserved size: m = n = 5, h = 3, weights -2..2, S = -2 - 3 + 0 + 6
     // + 18 = 19, V = 12 * 361 / (20 * 1 * 30) = 7.22, d = 1.
-    CStdInDlg dlg = MakeDialog({{s5, "", ""}}, "0.95");
+    CStdInDlg dlg = test_IntervalDialog<CStdInDlg>({{s5, "", ""}}, "0.95");
     CStdIntrvlDoc doc;
     doc.m_nBatchSize = MAX_SHORT;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);

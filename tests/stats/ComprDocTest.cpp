@@ -21,20 +21,10 @@ constexpr double kT4 = 2.776;
 // The quantile routine's tolerance is 0.001; the table is printed to 0.001.
 constexpr double kTableTolerance = 0.002;
 
-std::vector<Rec> Obs(const std::vector<double>& values) {
-    std::vector<Rec> recs;
-    for (std::size_t i = 0; i < values.size(); ++i) recs.push_back({static_cast<double>(i + 1), values[i]});
-    return recs;
-}
-
 class ComprDocTest : public ::testing::Test {
 protected:
     std::string File(const std::string& name, const std::vector<std::vector<double>>& reps) {
-        std::vector<std::vector<Rec>> recs;
-        for (const auto& r : reps) recs.push_back(Obs(r));
-        std::string path = dir.Path(name);
-        test_WriteDataFile(path, {}, test_Replications(recs));
-        return path;
+        return dir.WriteReps(name, 3, reps);
     }
     // Validates like the dialog, then computes.
     int Compute(CComprDoc& doc, int method, const std::vector<std::pair<std::string, std::string>>& files,

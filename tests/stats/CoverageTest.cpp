@@ -10,10 +10,11 @@
 #include <cmath>
 #include <random>
 
+#include "TestFiles.h"
 #include "datafile/FileGlobals.h"
 #include "series/StdInDlg.h"
 #include "series/StdIntrvlDoc.h"
-#include "stats/IntervalTestFiles.h"
+#include "stats/IntervalDialogs.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/IntrvlDoc.h"
 #include "stats/SdIntDoc.h"
@@ -46,40 +47,27 @@ class CoverageTest : public ::testing::Test {
 protected:
     void SetUp() override { path = dir.WriteReps("normal.dat", KIND_TALLY, NormalSamples()); }
 
+    // The share of the samples whose interval holds the truth lies in the band.
     template <class Dlg, class Doc>
-    double Coverage(double truth) {
-        Dlg dlg;
-        dlg.AddFile(path, "All");
-        dlg.m_strLevel = "95";
+    void ExpectCoverage(double truth) {
         Doc doc;
-        EXPECT_EQ(doc.InitFromDialog(dlg), 0);
-        EXPECT_EQ(doc.Results().rows.size(), static_cast<std::size_t>(kSamples));
+        ASSERT_EQ(test_RunIntervals<Dlg>(doc, {{path, "All", ""}}, "95"), 0);
+        ASSERT_EQ(doc.Results().rows.size(), static_cast<std::size_t>(kSamples));
         int covered = 0;
         for (const IntervalRow& row : doc.Results().rows) covered += row.lower <= truth && truth <= row.upper;
         RecordProperty("covered", covered);
-        return static_cast<double>(covered) / kSamples;
+        EXPECT_GT(covered, 0.92 * kSamples);
+        EXPECT_LT(covered, 0.98 * kSamples);
     }
 
-    IntervalTestDir dir;
+    TempDir dir;
     std::string path;
 };
 
-TEST_F(CoverageTest, MeanInterval) {
-    const double c = Coverage<CIntrvlDlg, CIntrvlDoc>(kMean);
-    EXPECT_GT(c, 0.92);
-    EXPECT_LT(c, 0.98);
-}
+TEST_F(CoverageTest, MeanInterval) { ExpectCoverage<CIntrvlDlg, CIntrvlDoc>(kMean); }
 
-TEST_F(CoverageTest, StandardDeviationInterval) {
-    const double c = Coverage<CSdIntDlg, CSdIntDoc>(kSigma);
-    EXPECT_GT(c, 0.92);
-    EXPECT_LT(c, 0.98);
-}
+TEST_F(CoverageTest, StandardDeviationInterval) { ExpectCoverage<CSdIntDlg, CSdIntDoc>(kSigma); }
 
-TEST_F(CoverageTest, StandardizedTimeSeriesInterval) {
-    const double c = Coverage<CStdInDlg, CStdIntrvlDoc>(kMean);
-    EXPECT_GT(c, 0.92);
-    EXPECT_LT(c, 0.98);
-}
+TEST_F(CoverageTest, StandardizedTimeSeriesInterval) { ExpectCoverage<CStdInDlg, CStdIntrvlDoc>(kMean); }
 
 }  // namespace

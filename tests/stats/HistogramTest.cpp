@@ -21,13 +21,6 @@ HistogramParams Given(double start, double width, int count) {
     return p;
 }
 
-std::vector<Rec> Observations(const std::vector<double>& values) {
-    std::vector<Rec> recs;
-    for (double v : values) recs.push_back({static_cast<double>(recs.size()), v});
-    recs.push_back({-1.0, -1.0});
-    return recs;
-}
-
 HistogramResult Histogram(const std::string& path, int treatment, const HistogramParams& p) {
     CRecordReader in;
     EXPECT_EQ(in.Open(path), 0);
@@ -54,7 +47,7 @@ const std::vector<double> kValues = {0.2,  1.0, 1.1, 1.4,  1.7, 2.5,  2.6, 2.9, 
 
 TEST(HistogramTest, ObservationCounts) {
     TempDir dir;
-    test_WriteDataFile(dir.Path("x.dat"), {}, Observations(kValues));
+    dir.WriteReps("x.dat", 3, {kValues});
     struct Case {
         HistogramParams given;
         std::vector<double> counts;

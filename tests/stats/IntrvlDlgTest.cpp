@@ -1,9 +1,9 @@
 // Validation order, message ids, failing row and focus of the interval dialogs.
 #include <gtest/gtest.h>
 
+#include "TestFiles.h"
 #include "datafile/FileGlobals.h"
 #include "series/StdInDlg.h"
-#include "stats/IntervalTestFiles.h"
 #include "stats/IntrvlDlg.h"
 
 namespace {
@@ -28,21 +28,21 @@ void PrintTo(const Case& c, std::ostream* os) { *os << c.what; }
 class IntrvlDlgTest : public ::testing::TestWithParam<Case> {
 protected:
     static void SetUpTestSuite() {
-        s_dir = new IntervalTestDir;
+        s_dir = new TempDir;
         s_dir->WriteReps("tally.dat", KIND_TALLY, {{1, 2}, {3}});
         s_dir->WriteReps("dstat.dat", KIND_DSTAT, {{1, 2}});
         s_dir->WriteReps("freq.dat", KIND_FREQUENCY, {{1, 2}});
         s_dir->WriteReps("output.dat", KIND_OUTPUT, {{4}, {5}});
         s_dir->WriteReps("filtered.dat", KIND_FILTERED, {{4}});
-        s_dir->WriteText("junk.dat", "hello, this is not a data file\r\n");
+        test_WriteBytes(s_dir->Path("junk.dat"), "hello, this is not a data file\r\n");
     }
     static void TearDownTestSuite() {
         delete s_dir;
         s_dir = nullptr;
     }
-    static IntervalTestDir* s_dir;
+    static TempDir* s_dir;
 };
-IntervalTestDir* IntrvlDlgTest::s_dir = nullptr;
+TempDir* IntrvlDlgTest::s_dir = nullptr;
 
 TEST_P(IntrvlDlgTest, ChecksInOrder) {
     const Case& c = GetParam();
@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"replication beyond the file", {{"tally.dat", "9"}}, "95", 0, 0, kNone, -1}));
 
 TEST(IntrvlDlg, DerivedDialogsValidateAlikeAndKeepTheirCaption) {
-    IntervalTestDir dir;
+    TempDir dir;
     dir.WriteReps("d.dat", KIND_DSTAT, {{1}});
     CSdIntDlg sd;
     CStdInDlg std;
@@ -104,7 +104,7 @@ TEST(IntrvlDlg, DerivedDialogsValidateAlikeAndKeepTheirCaption) {
 }
 
 TEST(IntrvlDlg, AFailureIsClearedByTheNextValidation) {
-    IntervalTestDir dir;
+    TempDir dir;
     dir.WriteReps("t.dat", KIND_TALLY, {{1}});
     CIntrvlDlg dlg;
     dlg.AddFile(dir.Path("t.dat"), "0");

@@ -6,37 +6,15 @@
 
 #include <cmath>
 
+#include "TestFiles.h"
 #include "datafile/FileGlobals.h"
-#include "stats/IntervalTestFiles.h"
+#include "stats/IntervalDialogs.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/IntrvlDoc.h"
 #include "stats/IntrvlTextView.h"
 #include "stats/SdIntDoc.h"
 
 namespace {
-
-struct Row {
-    std::string path;
-    const char* reps;
-    std::string ident;
-};
-
-CIntrvlDlg MakeDialog(const std::vector<Row>& rows, const char* level, const char* title = "") {
-    CIntrvlDlg dlg;
-    for (const Row& r : rows) {
-        dlg.AddFile(r.path, r.reps);
-        dlg.m_items.back().m_strIdent = r.ident;
-    }
-    dlg.m_strLevel = level;
-    dlg.m_strTitle = title;
-    return dlg;
-}
-
-std::string Report(CIntrvlDoc& doc) {
-    CIntrvlTextView view;
-    view.SetDocument(&doc);
-    return txt_ReportText(view);
-}
 
 const char* const kHeader =
     "                  Classical C.I. Intervals Summary\n";
@@ -51,7 +29,7 @@ protected:
         b = dir.WriteReps("b.dat", KIND_TALLY, {{10, 12}, {20, 22, 24}});
         c = dir.WriteReps("c.dat", KIND_TALLY, {{7}});
     }
-    IntervalTestDir dir;
+    TempDir dir;
     std::string a, b, c;
 };
 
@@ -62,16 +40,14 @@ TEST_F(IntrvlDocTest, ReportUnderEveryTreatment) {
     // b lumped: mean 88/5 = 17.6, squared deviations 155.2, s = sqrt(38.8) = 6.229,
     //   hw = 2.7764 * 6.229 / sqrt(5) = 7.734.
     // c: one observation: s = 0, df 1, hw 0.
-    CIntrvlDlg dlg = MakeDialog({{a, "", "a.dat"},
-                                 {b, "All", "b.dat"},
-                                 {b, "Lumped", "b.dat"},
-                                 {c, "1", "c.dat"},
-                                 {a, "", "abcdefghijklmnopqrstuvwxy"}},
-                                "0.95", "Queue waits");
+    CIntrvlDlg dlg = test_IntervalDialog<CIntrvlDlg>(
+        {{a, "", "a.dat"}, {b, "All", "b.dat"}, {b, "Lumped", "b.dat"}, {c, "1", "c.dat"},
+         {a, "", "abcdefghijklmnopqrstuvwxy"}},
+        "0.95", "Queue waits");
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CIntrvlDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(Report(doc), std::string(kHeader) +
+    EXPECT_EQ(test_Report<CIntrvlTextView>(doc), std::string(kHeader) +
                                "                                       Queue waits\n"
                                "\n" +
                                kColumns95 +
@@ -84,44 +60,25 @@ TEST_F(IntrvlDocTest, ReportUnderEveryTreatment) {
                                "uvwxy\n");
 }
 
-TEST_F(IntrvlDocTest, LevelAsFractionOrPercentage) {
-    CIntrvlDoc fraction, percent;
-    CIntrvlDlg d1 = MakeDialog({{a, "", "a.dat"}, {b, "Lumped", "b.dat"}}, "0.95");
-    CIntrvlDlg d2 = MakeDialog({{a, "", "a.dat"}, {b, "Lumped", "b.dat"}}, "95");
-    ASSERT_EQ(fraction.InitFromDialog(d1), 0);
-    ASSERT_EQ(percent.InitFromDialog(d2), 0);
-    EXPECT_EQ(Report(fraction), Report(percent));
-    EXPECT_NE(Report(percent).find("   0.950 C.I."), std::string::npos);
+// The level is read by the dialogs' shared rule (its own test); the report
+// heads its column with the level, the chart's legend in whole percent. "1" is
+// a fraction: a 100% interval, whose limits are not finite, gives the message,
+// not a result; "1.5" a percentage. "95" and "0.95" report alike
+// (tests/cli/intervals.sh).
+TEST_F(IntrvlDocTest, LevelInTheReportAndTheLegend) {
+    CIntrvlDoc percent, one, small;
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(percent, {{a, "", "a.dat"}}, "95"), 0);
     EXPECT_EQ(percent.LegendPercent(), 95);
-
-    // "1" is a fraction (a 100% interval, whose limits are not finite: the
-    // message, not a result), "1.5" a percentage.
-    CIntrvlDoc one, small;
-    CIntrvlDlg d3 = MakeDialog({{a, "", "a.dat"}}, "1");
-    CIntrvlDlg d4 = MakeDialog({{a, "", "a.dat"}}, "1.5");
-    EXPECT_EQ(one.InitFromDialog(d3), 15907);
-    small.InitFromDialog(d4);
-    EXPECT_EQ(one.m_dAlpha, 0.0);
-    EXPECT_NEAR(small.m_dAlpha, 0.985, 1e-15);
-    EXPECT_NE(Report(one).find("   1.000 C.I."), std::string::npos);
-    EXPECT_NE(Report(small).find("   0.015 C.I."), std::string::npos);
+    EXPECT_EQ(test_RunIntervals<CIntrvlDlg>(one, {{a, "", "a.dat"}}, "1"), 15907);
+    EXPECT_NE(test_Report<CIntrvlTextView>(one).find("   1.000 C.I."), std::string::npos);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(small, {{a, "", "a.dat"}}, "1.5"), 0);
+    EXPECT_NE(test_Report<CIntrvlTextView>(small).find("   0.015 C.I."), std::string::npos);
     EXPECT_EQ(small.LegendPercent(), 2);
 }
 
-TEST_F(IntrvlDocTest, FloatAndDoubleFilesReportAlike) {
-    const std::string f = dir.WriteReps("f.dat", KIND_TALLY, {{10, 12}, {20, 22, 24}}, false);
-    CIntrvlDoc single, dbl;
-    CIntrvlDlg d1 = MakeDialog({{f, "All", "b.dat"}, {f, "Lumped", "b.dat"}}, "0.90");
-    CIntrvlDlg d2 = MakeDialog({{b, "All", "b.dat"}, {b, "Lumped", "b.dat"}}, "0.90");
-    ASSERT_EQ(single.InitFromDialog(d1), 0);
-    ASSERT_EQ(dbl.InitFromDialog(d2), 0);
-    EXPECT_EQ(Report(single), Report(dbl));
-}
-
 TEST_F(IntrvlDocTest, LimitsAndGraphRange) {
-    CIntrvlDlg dlg = MakeDialog({{a, "", ""}, {b, "All", ""}}, "0.95");
     CIntrvlDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(doc, {{a, "", ""}, {b, "All", ""}}, "0.95"), 0);
     const double hwA = 2.776445 * std::sqrt(2.5) / std::sqrt(5.0);
     const double expected[3][5] = {{3, 3 - hwA, 3 + hwA, 1, 5},
                                    {11, 11 - 12.7062, 11 + 12.7062, 10, 12},
@@ -144,7 +101,7 @@ TEST_F(IntrvlDocTest, LimitsAndGraphRange) {
 
 TEST_F(IntrvlDocTest, FileWithoutObservationsKeeps15901AndTheOthersAreComputed) {
     const std::string empty = dir.WriteRecords("e.dat", KIND_TALLY, {{-1, -2}, {-1, -1}});
-    CIntrvlDlg dlg = MakeDialog({{a, "", ""}, {empty, "", ""}, {c, "", ""}}, "0.95");
+    CIntrvlDlg dlg = test_IntervalDialog<CIntrvlDlg>({{a, "", ""}, {empty, "", ""}, {c, "", ""}}, "0.95");
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CIntrvlDoc doc;
     EXPECT_EQ(doc.InitFromDialog(dlg), 15901);
@@ -156,7 +113,7 @@ TEST_F(IntrvlDocTest, FileWithoutObservationsKeeps15901AndTheOthersAreComputed) 
 }
 
 TEST_F(IntrvlDocTest, ReplicationBeyondTheFileGives15804) {
-    CIntrvlDlg dlg = MakeDialog({{a, "", ""}, {b, "3", ""}}, "0.95");
+    CIntrvlDlg dlg = test_IntervalDialog<CIntrvlDlg>({{a, "", ""}, {b, "3", ""}}, "0.95");
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CIntrvlDoc doc;
     EXPECT_EQ(doc.InitFromDialog(dlg), 15804);
@@ -167,9 +124,8 @@ TEST_F(IntrvlDocTest, SkipMarkersAndBoundaries) {
     // the end marker stops a lumped read before the stray record after it.
     const std::string s = dir.WriteRecords(
         "s.dat", KIND_TALLY, {{1, 1}, {-1, -2}, {2, 3}, {-1, 0}, {1, 100}, {-2, -1}, {5, 1000}});
-    CIntrvlDlg dlg = MakeDialog({{s, "1", ""}, {s, "2", ""}, {s, "Lumped", ""}}, "0.95");
     CIntrvlDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(doc, {{s, "1", ""}, {s, "2", ""}, {s, "Lumped", ""}}, "0.95"), 0);
     EXPECT_EQ(doc.Results().rows[0].numObs, 2);
     EXPECT_EQ(doc.Results().rows[0].average, 2.0);
     EXPECT_EQ(doc.Results().rows[1].numObs, 1);
@@ -181,9 +137,8 @@ TEST_F(IntrvlDocTest, SkipMarkersAndBoundaries) {
 TEST_F(IntrvlDocTest, AllOnAFileCutShort) {
     // No end marker: the replications that have records are still rows.
     const std::string cut = dir.WriteRecords("cut.dat", KIND_TALLY, {{1, 4}, {-1, 0}, {1, 6}, {2, 8}});
-    CIntrvlDlg dlg = MakeDialog({{cut, "All", "cut"}}, "0.95");
     CIntrvlDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(doc, {{cut, "All", "cut"}}, "0.95"), 0);
     ASSERT_EQ(doc.Results().rows.size(), 2u);
     EXPECT_EQ(doc.Results().rows[1].ident, "cut@2");
     EXPECT_EQ(doc.Results().rows[1].average, 7.0);
@@ -191,9 +146,8 @@ TEST_F(IntrvlDocTest, AllOnAFileCutShort) {
 
 TEST_F(IntrvlDocTest, OutputDataReadsOneValuePerReplication) {
     const std::string o = dir.WriteReps("o.dat", KIND_OUTPUT, {{4}, {6}, {11}});
-    CIntrvlDlg dlg = MakeDialog({{o, "2", ""}, {o, "Lumped", ""}}, "0.95");
     CIntrvlDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(doc, {{o, "2", ""}, {o, "Lumped", ""}}, "0.95"), 0);
     EXPECT_EQ(doc.Results().rows[0].average, 6.0);
     EXPECT_EQ(doc.Results().rows[1].average, 7.0);  // (4 + 6 + 11) / 3
     EXPECT_DOUBLE_EQ(doc.Results().rows[1].stdDev, std::sqrt(13.0));  // (9 + 1 + 16) / 2
@@ -204,13 +158,12 @@ TEST_F(IntrvlDocTest, LargeOffsetKeepsItsDigits) {
     std::vector<double> values;
     for (int i = 0; i < 100000; ++i) values.push_back(1e7 + 0.1 * (i % 5 + 1));
     const std::string big = dir.WriteReps("big.dat", KIND_TALLY, {values});
-    CIntrvlDlg dlg = MakeDialog({{big, "", "big.dat"}}, "0.95");
     CIntrvlDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(doc, {{big, "", "big.dat"}}, "0.95"), 0);
     EXPECT_NEAR(doc.Results().rows[0].average, 1e7 + 0.3, 1e-8);
     EXPECT_NEAR(doc.Results().rows[0].stdDev, std::sqrt(0.02 * 100000 / 99999), 1e-8);
     // t(99999) = 1.95998; hw = 1.95998 * 0.141422 / sqrt(100000) = 0.000876527.
-    EXPECT_NE(Report(doc).find(
+    EXPECT_NE(test_Report<CIntrvlTextView>(doc).find(
                   "big.dat                   1e+07      0.141     0.000877      1e+07      1e+07  100000\n"),
               std::string::npos);
 }
@@ -219,9 +172,8 @@ TEST_F(IntrvlDocTest, InfiniteDataGiveAnInfiniteAverage) {
     // A float file holding an overflowed value: sum = inf, so the average is
     // inf and the variance inf - inf is NaN, which is not negative and stays.
     const std::string inf = dir.WriteReps("inf.dat", KIND_TALLY, {{1, HUGE_VAL, 3}}, false);
-    CIntrvlDlg dlg = MakeDialog({{inf, "", ""}}, "0.95");
     CIntrvlDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CIntrvlDlg>(doc, {{inf, "", ""}}, "0.95"), 0);
     EXPECT_EQ(doc.Results().rows[0].average, HUGE_VAL);
     EXPECT_TRUE(std::isnan(doc.Results().rows[0].stdDev));
     EXPECT_TRUE(std::isnan(doc.Results().rows[0].halfWidth));
@@ -233,7 +185,7 @@ TEST_F(IntrvlDocTest, TooManyRowsForTheGraphBuffer) {
     // standard deviation's stride of three, 1665.
     std::vector<std::vector<double>> reps(1001, std::vector<double>{1.0, 2.0});
     const std::string many = dir.WriteReps("many.dat", KIND_TALLY, reps);
-    CIntrvlDlg dlg = MakeDialog({{many, "All", ""}}, "0.95");
+    CIntrvlDlg dlg = test_IntervalDialog<CIntrvlDlg>({{many, "All", ""}}, "0.95");
     CIntrvlDoc doc;
     EXPECT_EQ(doc.InitFromDialog(dlg), 15934);
     EXPECT_EQ(doc.Results().rows.size(), 1001u);

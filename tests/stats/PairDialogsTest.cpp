@@ -11,15 +11,9 @@ namespace {
 class PairDialogs : public ::testing::Test {
 protected:
     void SetUp() override {
-        test_WriteDataFile(P("tally.dat"), {}, test_Replications({{{1, 1}, {2, 2}}, {{1, 3}}}));
-        HeaderFields dstat;
-        dstat.kind = 1;
-        dstat.type = "DSTAT";
-        test_WriteDataFile(P("dstat.dat"), dstat, test_Replications({{{0, 1}}}));
-        HeaderFields output;
-        output.kind = 4;
-        output.type = "Output";
-        test_WriteDataFile(P("output.dat"), output, test_Replications({{{9, 1}}, {{9, 2}}}));
+        dir.WriteReps("tally.dat", 3, {{1, 2}, {3}});
+        dir.WriteRecords("dstat.dat", 1, {{0, 1}, {-1, -1}});
+        dir.WriteRecords("output.dat", 4, {{9, 1}, {-1, 0}, {9, 2}, {-2, -1}});
         test_WriteBytes(P("bad.dat"), "garbage, not a data file");
     }
 public:

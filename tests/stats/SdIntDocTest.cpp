@@ -6,36 +6,14 @@
 
 #include <cmath>
 
+#include "TestFiles.h"
 #include "datafile/FileGlobals.h"
-#include "stats/IntervalTestFiles.h"
+#include "stats/IntervalDialogs.h"
 #include "stats/IntrvlDlg.h"
 #include "stats/SdIntDoc.h"
 #include "stats/SdIntTextView.h"
 
 namespace {
-
-struct Row {
-    std::string path;
-    const char* reps;
-    std::string ident;
-};
-
-CSdIntDlg MakeDialog(const std::vector<Row>& rows, const char* level, const char* title = "") {
-    CSdIntDlg dlg;
-    for (const Row& r : rows) {
-        dlg.AddFile(r.path, r.reps);
-        dlg.m_items.back().m_strIdent = r.ident;
-    }
-    dlg.m_strLevel = level;
-    dlg.m_strTitle = title;
-    return dlg;
-}
-
-std::string Report(CSdIntDoc& doc) {
-    CSdIntTextView view;
-    view.SetDocument(&doc);
-    return txt_ReportText(view);
-}
 
 class SdIntDocTest : public ::testing::Test {
 protected:
@@ -45,7 +23,7 @@ protected:
         c = dir.WriteReps("c.dat", KIND_TALLY, {{7}});
         k = dir.WriteReps("k.dat", KIND_TALLY, {{4, 4, 4}});
     }
-    IntervalTestDir dir;
+    TempDir dir;
     std::string a, b, c, k;
 };
 
@@ -54,16 +32,14 @@ TEST_F(SdIntDocTest, Report) {
     // b rep 1: s = sqrt(2); limits sqrt(2 / 5.0239) = 0.6310, sqrt(2 / 0.000982) = 45.13.
     // b rep 2: s = 2; limits sqrt(8 / 7.3778) = 1.0413, sqrt(8 / 0.0506) = 12.57.
     // Constant series and a single observation: every limit 0.
-    CSdIntDlg dlg = MakeDialog({{a, "", "a.dat"},
-                                {b, "All", "b.dat"},
-                                {k, "", "k.dat"},
-                                {c, "", "c.dat"},
-                                {a, "Lumped", "abcdefghijklmnopqrstuvwxy"}},
-                               "0.95", "Service times");
+    CSdIntDlg dlg = test_IntervalDialog<CSdIntDlg>(
+        {{a, "", "a.dat"}, {b, "All", "b.dat"}, {k, "", "k.dat"}, {c, "", "c.dat"},
+         {a, "Lumped", "abcdefghijklmnopqrstuvwxy"}},
+        "0.95", "Service times");
     ASSERT_EQ(dlg.Validate(nullptr), 0);
     CSdIntDoc doc;
     ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(Report(doc), "              Standard Deviation Intervals Summary\n"
+    EXPECT_EQ(test_Report<CSdIntTextView>(doc), "              Standard Deviation Intervals Summary\n"
                            "                                     Service times\n"
                            "\n"
                            "IDENTIFIER         EST.STANDARD   LOWER 0.950   UPPER 0.950      RANGE    NUMBER\n"
@@ -77,9 +53,8 @@ TEST_F(SdIntDocTest, Report) {
 }
 
 TEST_F(SdIntDocTest, LimitsAndGraphRange) {
-    CSdIntDlg dlg = MakeDialog({{a, "", ""}, {b, "1", ""}, {b, "2", ""}}, "0.95");
     CSdIntDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CSdIntDlg>(doc, {{a, "", ""}, {b, "1", ""}, {b, "2", ""}}, "0.95"), 0);
     // s with its chi-square limits for each row.
     const double expected[3][3] = {{std::sqrt(2.5), 0.94731, 4.5435}, {std::sqrt(2.0), 0.63095, 45.128},
                                    {2.0, 1.04132, 12.5695}};
@@ -96,13 +71,12 @@ TEST_F(SdIntDocTest, LimitsAndGraphRange) {
     EXPECT_EQ(doc.GraphTitleId(), 15951);
     EXPECT_EQ(doc.Results().rows[1].range, 2.0);
     // No title line without a title.
-    EXPECT_EQ(Report(doc).substr(0, 57), "              Standard Deviation Intervals Summary\n\nIDENT");
+    EXPECT_EQ(test_Report<CSdIntTextView>(doc).substr(0, 57), "              Standard Deviation Intervals Summary\n\nIDENT");
 }
 
 TEST_F(SdIntDocTest, LumpedReadsOnAcrossReplications) {
-    CSdIntDlg dlg = MakeDialog({{b, "Lumped", ""}, {b, "", ""}}, "0.95");
     CSdIntDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CSdIntDlg>(doc, {{b, "Lumped", ""}, {b, "", ""}}, "0.95"), 0);
     EXPECT_EQ(doc.Results().rows[0].numObs, 5);
     EXPECT_DOUBLE_EQ(doc.Results().rows[0].stdDev, std::sqrt(38.8));
     EXPECT_EQ(doc.Results().rows[0].range, 14.0);
@@ -111,9 +85,8 @@ TEST_F(SdIntDocTest, LumpedReadsOnAcrossReplications) {
 
 TEST_F(SdIntDocTest, NoObservationsStopsTheComputation) {
     const std::string empty = dir.WriteRecords("e.dat", KIND_TALLY, {{-1, 0}, {1, 5}, {-2, -1}});
-    CSdIntDlg dlg = MakeDialog({{a, "", ""}, {empty, "1", ""}, {c, "", ""}}, "0.95");
     CSdIntDoc doc;
-    EXPECT_EQ(doc.InitFromDialog(dlg), 15901);
+    EXPECT_EQ(test_RunIntervals<CSdIntDlg>(doc, {{a, "", ""}, {empty, "1", ""}, {c, "", ""}}, "0.95"), 15901);
     ASSERT_GE(doc.Results().rows.size(), 2u);
     EXPECT_TRUE(doc.Results().rows[0].computed);
     EXPECT_EQ(doc.Results().rows[0].stdDev, std::sqrt(2.5));
@@ -124,9 +97,8 @@ TEST_F(SdIntDocTest, NoObservationsStopsTheComputation) {
 TEST_F(SdIntDocTest, InfiniteDataHaveNoSpread) {
     // The variance inf - inf is not greater than 0, so it becomes 0.
     const std::string inf = dir.WriteReps("inf.dat", KIND_TALLY, {{1, HUGE_VAL, 3}}, false);
-    CSdIntDlg dlg = MakeDialog({{inf, "", ""}}, "0.95");
     CSdIntDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CSdIntDlg>(doc, {{inf, "", ""}}, "0.95"), 0);
     EXPECT_EQ(doc.Results().rows[0].stdDev, 0.0);
     EXPECT_EQ(doc.Results().rows[0].lower, 0.0);
     EXPECT_EQ(doc.Results().rows[0].upper, 0.0);
@@ -138,9 +110,8 @@ TEST_F(SdIntDocTest, LargeOffsetKeepsItsDigits) {
     std::vector<double> values;
     for (int i = 0; i < 100000; ++i) values.push_back(1e7 + 0.1 * (i % 5 + 1));
     const std::string big = dir.WriteReps("big.dat", KIND_TALLY, {values});
-    CSdIntDlg dlg = MakeDialog({{big, "", ""}}, "0.95");
     CSdIntDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
+    ASSERT_EQ(test_RunIntervals<CSdIntDlg>(doc, {{big, "", ""}}, "0.95"), 0);
     const IntervalRow& r = doc.Results().rows[0];
     EXPECT_NEAR(r.stdDev, std::sqrt(0.02 * 100000 / 99999), 1e-9);
     // With 99999 degrees of freedom the limits lie within about 0.5% of s.

@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <cmath>
+#include <vector>
 
 #include "stats/Distributions.h"
 
@@ -16,12 +17,18 @@ struct QCase {
     double tol;
 };
 
+void ExpectLookups(const std::vector<QCase>& cases) {
+    for (const auto& c : cases)
+        EXPECT_NEAR(LookupStudentizedRange(c.k - 1, c.df, c.alpha), c.q, c.tol)
+            << "k " << c.k << " df " << c.df << " alpha " << c.alpha;
+}
+
 // Upper points of the studentized range to three decimals (H. L. Harter,
 // Tables of Range and Studentized Range, Ann. Math. Statist. 31 (1960);
 // Biometrika Tables Vol. 1, Table 29). The lookup holds them rounded to two
 // decimals, so each must be within 0.005 (plus the table's own half unit).
 TEST(StudentizedRange, PublishedTable) {
-    const QCase cases[] = {
+    ExpectLookups({
         {3, 10, 0.05, 3.877, 0.0055},  {4, 10, 0.05, 4.327, 0.0055},  {5, 10, 0.05, 4.654, 0.0055},
         {3, 20, 0.05, 3.578, 0.0055},  {4, 20, 0.05, 3.958, 0.0055},  {5, 20, 0.05, 4.232, 0.0055},
         {3, 30, 0.05, 3.486, 0.0055},  {4, 30, 0.05, 3.845, 0.0055},  {3, 60, 0.05, 3.399, 0.0055},
@@ -30,10 +37,7 @@ TEST(StudentizedRange, PublishedTable) {
         {10, 1000, 0.05, 4.474, 0.0055}, {3, 10, 0.01, 5.270, 0.0055}, {4, 10, 0.01, 5.769, 0.0055},
         {3, 20, 0.01, 4.639, 0.0055},  {4, 20, 0.01, 5.018, 0.0055},  {3, 1000, 0.01, 4.120, 0.0055},
         {4, 1000, 0.01, 4.403, 0.0055}, {3, 10, 0.10, 3.270, 0.0055}, {3, 1000, 0.10, 2.902, 0.0055},
-    };
-    for (const auto& c : cases)
-        EXPECT_NEAR(LookupStudentizedRange(c.k - 1, c.df, c.alpha), c.q, c.tol)
-            << "k " << c.k << " df " << c.df << " alpha " << c.alpha;
+    });
 }
 
 // For two means the studentized range is sqrt(2) times |t|, so
@@ -42,48 +46,37 @@ TEST(StudentizedRange, PublishedTable) {
 // normal (A&S Table 26.5). Hand calculation, rounded as the lookup stores it.
 TEST(StudentizedRange, TwoMeansFromStudentT) {
     const double r2 = std::sqrt(2.0);
-    const QCase cases[] = {
+    ExpectLookups({
         {2, 1, 0.05, r2 * 12.706, 0.05},   {2, 1, 0.01, r2 * 63.657, 0.5},    {2, 1, 0.10, r2 * 6.314, 0.006},
         {2, 2, 0.05, r2 * 4.303, 0.006},   {2, 2, 0.01, r2 * 9.925, 0.06},    {2, 5, 0.05, r2 * 2.571, 0.006},
         {2, 5, 0.01, r2 * 4.032, 0.006},   {2, 10, 0.05, r2 * 2.228, 0.006},  {2, 10, 0.10, r2 * 1.812, 0.006},
         {2, 20, 0.01, r2 * 2.845, 0.006},  {2, 20, 0.05, r2 * 2.086, 0.006},  {2, 30, 0.05, r2 * 2.042, 0.006},
         {2, 60, 0.01, r2 * 2.660, 0.006},  {2, 120, 0.05, r2 * 1.980, 0.006}, {2, 500, 0.05, r2 * 1.959964, 0.006},
         {2, 500, 0.01, r2 * 2.575829, 0.006}, {2, 500, 0.10, r2 * 1.644854, 0.006},
-    };
-    for (const auto& c : cases)
-        EXPECT_NEAR(LookupStudentizedRange(c.k - 1, c.df, c.alpha), c.q, c.tol)
-            << "k " << c.k << " df " << c.df << " alpha " << c.alpha;
+    });
 }
 
 // At a tabled column the value is the stored one exactly; above 120 the
 // infinite column.
 TEST(StudentizedRange, TabledColumnsExactly) {
-    const QCase cases[] = {
+    ExpectLookups({
         {2, 1, 0.05, 18, 0},      {10, 1, 0.01, 246, 0},    {5, 20, 0.10, 3.74, 0},   {2, 24, 0.05, 2.92, 0},
         {7, 30, 0.01, 5.4, 0},    {9, 40, 0.10, 4.21, 0},   {3, 60, 0.05, 3.4, 0},    {10, 120, 0.01, 5.3, 0},
         {2, 121, 0.05, 2.77, 0},  {6, 500, 0.10, 3.66, 0},  {10, INT_MAX, 0.01, 5.16, 0},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(LookupStudentizedRange(c.k - 1, c.df, c.alpha), c.q)
-            << "k " << c.k << " df " << c.df << " alpha " << c.alpha;
+    });
 }
 
 // Between columns above 20 the value runs away from the lower column:
 // q(hi) - (q(lo) - q(hi)) (hi - df) / width, worked by hand from the table.
 TEST(StudentizedRange, RunAwayInterpolation) {
-    const QCase cases[] = {
+    ExpectLookups({
         {2, 21, 0.05, 2.92 - (2.95 - 2.92) * 3 / 4.0, 1e-12},     // 2.8975
         {2, 61, 0.05, 2.80 - (2.83 - 2.80) * 59 / 60.0, 1e-12},   // 2.7705
         {3, 25, 0.01, 4.45 - (4.54 - 4.45) * 5 / 6.0, 1e-12},     // 4.375
         {10, 35, 0.10, 4.32 - (4.38 - 4.32) * 5 / 10.0, 1e-12},   // 4.29
         {5, 41, 0.05, 3.98 - (4.04 - 3.98) * 19 / 20.0, 1e-12},   // 3.923
         {8, 119, 0.01, 5.12 - (5.25 - 5.12) * 1 / 60.0, 1e-12},
-    };
-    for (const auto& c : cases)
-        EXPECT_NEAR(LookupStudentizedRange(c.k - 1, c.df, c.alpha), c.q, c.tol)
-            << "k " << c.k << " df " << c.df << " alpha " << c.alpha;
-    EXPECT_NEAR(LookupStudentizedRange(1, 21, 0.05), 2.8975, 1e-12);
-    EXPECT_NEAR(LookupStudentizedRange(1, 61, 0.05), 2.7705, 1e-12);
+    });
     // Just above a tabled column the value falls below the upper column.
     EXPECT_LT(LookupStudentizedRange(1, 41, 0.05), 2.83);
 }

@@ -20,18 +20,10 @@ constexpr double kF_2_4 = 10.65;
 constexpr double kF_5_5 = 7.15;
 constexpr double kTableTolerance = 0.01;
 
-std::vector<Rec> Obs(const std::vector<double>& values) {
-    std::vector<Rec> recs;
-    for (std::size_t i = 0; i < values.size(); ++i) recs.push_back({static_cast<double>(i + 1), values[i]});
-    return recs;
-}
-
 class VarDocTest : public ::testing::Test {
 protected:
     std::string File(const std::string& name, const std::vector<double>& values) {
-        std::string path = dir.Path(name);
-        test_WriteDataFile(path, {}, test_Replications({Obs(values)}));
-        return path;
+        return dir.WriteReps(name, 3, {values});
     }
     int Compute(CVarDoc& doc, const std::vector<std::string>& files, const std::string& title = "",
                 const std::vector<std::string>& idents = {}) {

@@ -1,4 +1,4 @@
-# Shared set-up of the end-to-end scripts: a scratch folder, check(), and
+# Shared set-up of the end-to-end scripts: a scratch folder, check(), failing(), and
 # data files written byte by byte (header, 8-byte time/value records).
 # Sourced with the script's arguments: $1 is the oproc binary.
 set -u
@@ -15,10 +15,21 @@ check() {  # check WHAT EXPECTED ACTUAL
     fi
 }
 
-header() {  # header KINDNUMBER TYPE
+# A message of the system: status 1, nothing on stdout, the message once on stderr.
+failing() {  # failing WHAT MESSAGE ARGS...
+    local what=$1 message=$2
+    shift 2
+    out=$("$OPROC" "$@" 2>err.txt)
+    status=$?
+    check "$what: status" 1 "$status"
+    check "$what: stdout" "" "$out"
+    check "$what: message" 1 "$(grep -c -F "$message" err.txt)"
+}
+
+header() {  # header KINDNUMBER TYPE [TITLE]
     printf '%s \r\n' "$1"
     printf 'Output file for:%-24.24s by:%-24.24s \r\n' "sample" "TEST WRITER"
-    printf 'Data for:%s\r\n' "hand made"
+    printf 'Data for:%s\r\n' "${3-hand made}"
     printf 'Run date:%-10.10sND     %7d\r\n' "$2" 1
     printf 'File Version: \x07QUILLSTATFMT\r\n\x1a'
 }
