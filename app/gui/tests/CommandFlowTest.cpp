@@ -317,6 +317,7 @@ void CommandFlowTest::runsFromTheMenu() {
     QCOMPARE(frame->ReportText(), coreReport);
     // Split windows hold a graph; of the single ones only the bar chart draws.
     QCOMPARE(frame->HasGraph(), row->frame == FrameKind::Split || command == QStringLiteral("g_OnBarchart"));
+    if (command == QStringLiteral("g_OnTable")) QVERIFY(frame->Table());
 }
 
 void CommandFlowTest::reopensWithTheLastEntries() {
