@@ -1,10 +1,16 @@
 // The table window's model over the paged table: files side by side under
 // their identifiers, empty cells where a file has run out, a replication end
-// as a row of its own, and only a few pages held however far the view jumps.
+// as a row of its own, and only a few pages held however far the view jumps;
+// the pane's grid is given a window of the rows, never all of them.
+#include <QHeaderView>
+#include <QTableView>
 #include <QtTest>
 
+#include "ReportWidget.h"
 #include "TableModel.h"
+#include "TablePane.h"
 #include "TestFiles.h"
+#include "report/TextView.h"
 #include "graph/TableDlg.h"
 #include "graph/TableDoc.h"
 
@@ -66,6 +72,19 @@ void TableModelTest::showsTheFilesSideBySide() {
     // A view jumping all over the table keeps a few pages, not the rows it passed.
     for (int row = 0; row < model.rowCount(); row += 97) cell(row, 1);
     QVERIFY(model.RowsHeld() <= TableModel::kPagesKept * TableModel::kPageRows);
+
+    // On screen: the grid knows its window of rows, which follows the scrolling.
+    TablePane pane(doc, new ReportWidget("Table of Observations\n", ReportFont{}));
+    pane.resize(600, 400);
+    pane.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&pane));
+    QTableView* grid = pane.Table();
+    QCOMPARE(grid->verticalHeader()->count(), TablePane::kWindowRows);
+    auto shown = [grid](int y) { return grid->model()->headerData(grid->rowAt(y), Qt::Vertical).toString(); };
+    pane.ScrollTo(6000);
+    QCOMPARE(shown(0), QStringLiteral("6000"));
+    pane.ScrollTo(model.rowCount());
+    QCOMPARE(shown(pane.VisibleRows() * grid->rowHeight(0) - 1), QStringLiteral("8000"));
 }
 
 QTEST_MAIN(TableModelTest)
