@@ -61,6 +61,9 @@ TablePane::TablePane(CTableDoc& doc, ReportWidget* heading, QWidget* parent)
     m_table->setModel(m_window);
     m_table->setFont(heading->font());
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // A selection would stay on the window's rows while the table moves under
+    // it; the whole table is saved as text instead (File > Save Report as Text).
+    m_table->setSelectionMode(QAbstractItemView::NoSelection);
     m_table->setWordWrap(false);
     m_table->setCornerButtonEnabled(false);
     m_table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
