@@ -3,21 +3,32 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <ostream>
+
 #include "GraphWidget.h"
 #include "ReportWidget.h"
+#include "TablePane.h"
 #include "framework/Frame.h"
 #include "framework/View.h"
 #include "graph/BaseWnd.h"
 #include "graph/GraphDoc.h"
+#include "graph/TableDoc.h"
+#include "report/PagedReport.h"
 #include "report/TextView.h"
 
 FrameWidget::FrameWidget(std::unique_ptr<CDocFrame> frame, QWidget* parent)
     : QWidget(parent), m_frame(std::move(frame)) {
     std::vector<QWidget*> panes;
+    auto* tableDoc = dynamic_cast<CTableDoc*>(m_frame->GetActiveDocument());
     for (const auto& v : m_frame->Views()) {
         if (auto* report = dynamic_cast<CTextView*>(v.get())) {
             m_reports.push_back(new ReportWidget(report->GetText(), report->GetReportFont()));
             panes.push_back(m_reports.back());
+            if (auto* paged = dynamic_cast<CPagedReport*>(report); paged && tableDoc && !m_paged) {
+                m_paged = paged;
+                m_table = new TablePane(*tableDoc, m_reports.back());
+                panes.back() = m_table;
+            }
         } else if (auto* view = dynamic_cast<CView*>(v.get())) {
             m_graphs.push_back(new GraphWidget(*view));
             panes.push_back(m_graphs.back());
@@ -51,6 +62,12 @@ std::vector<GraphPane> FrameWidget::GraphPanes() const {
 }
 
 std::string FrameWidget::ReportText() const { return out_ReportText(*m_frame); }
+
+bool FrameWidget::WriteReport(std::ostream& out) const {
+    if (m_paged) return m_paged->WriteAll(out, ReportFormat::Text) == 0 && out.good();
+    std::string text = ReportText();
+    return static_cast<bool>(out.write(text.data(), static_cast<std::streamsize>(text.size())).flush());
+}
 
 void FrameWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);

@@ -1,11 +1,13 @@
 // A document window's contents over the core's frame (CDocFrame): each view
 // as a pane, graph views drawn by GraphWidget and report views shown by
 // ReportWidget; a split frame puts its graph above its second view in a
-// vertical splitter sized by the split frame's rule.
+// vertical splitter sized by the split frame's rule. A paged report (the table
+// of observations) shows its heading above a virtual table of its rows.
 #pragma once
 
 #include <QWidget>
 
+#include <iosfwd>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,9 +15,11 @@
 #include "FrameOutput.h"
 
 class CDocFrame;
+class CPagedReport;
 class GraphWidget;
 class QSplitter;
 class ReportWidget;
+class TablePane;
 
 class FrameWidget : public QWidget {
     Q_OBJECT
@@ -31,6 +35,11 @@ public:
     // The graph panes as the window shows them now, top to bottom.
     std::vector<GraphPane> GraphPanes() const;
     std::string ReportText() const;
+    // The whole report as the terminal prints it, a paged one included, as it
+    // is made; false after a read error (its message shown).
+    bool WriteReport(std::ostream& out) const;
+    // The table of a paged report; null for other windows.
+    TablePane* Table() const { return m_table; }
 
     QSize sizeHint() const override { return {800, 600}; }
 
@@ -41,6 +50,8 @@ private:
     std::unique_ptr<CDocFrame> m_frame;
     std::vector<GraphWidget*> m_graphs;
     std::vector<ReportWidget*> m_reports;
+    CPagedReport* m_paged = nullptr;
+    TablePane* m_table = nullptr;
     QSplitter* m_splitter = nullptr;
     bool m_splitSized = false;
 };

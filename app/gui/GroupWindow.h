@@ -48,6 +48,9 @@ public:
     QString Path() const;
     QString Title() const;
 
+    // The data files (.dat, .flt, .cor) among dropped ones.
+    static QStringList DroppedDataFiles(const QMimeData* data);
+
 signals:
     void Changed();
     void Saved(const QString& path);
@@ -61,7 +64,6 @@ private:
     void Reload();
     void UpdateCaption();
     void WatchFiles();
-    static QStringList DroppedDataFiles(const QMimeData* data);
 
     COutputDoc m_doc;
     COutputView m_view;

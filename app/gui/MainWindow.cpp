@@ -468,10 +468,9 @@ void MainWindow::SaveReport() {
     QString path = QFileDialog::getSaveFileName(this, tr("Save Report as Text"), FileStem(frame->Caption()) + ".txt",
                                                 tr("Text files (*.txt);;All Files (*)"));
     if (path.isEmpty()) return;
-    std::string text = frame->ReportText();
     out_WriteFile(path, [&](const QString& temp) {
         std::ofstream out(temp.toStdString(), std::ios::binary);
-        return static_cast<bool>(out.write(text.data(), static_cast<std::streamsize>(text.size())).flush());
+        return frame->WriteReport(out);
     });
 }
 
@@ -534,6 +533,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    // Data files dropped beside the group windows go to the active group.
+    if (m_group && !GroupWindow::DroppedDataFiles(event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+        return;
+    }
     for (const QUrl& url : event->mimeData()->urls())
         if (url.isLocalFile() && url.toLocalFile().endsWith(QStringLiteral(".dgr"), Qt::CaseInsensitive)) {
             event->acceptProposedAction();
@@ -542,6 +546,8 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
+    if (QStringList files = GroupWindow::DroppedDataFiles(event->mimeData()); m_group && !files.isEmpty())
+        m_group->AddFiles(files);
     for (const QUrl& url : event->mimeData()->urls())
         if (url.isLocalFile() && url.toLocalFile().endsWith(QStringLiteral(".dgr"), Qt::CaseInsensitive))
             OpenGroup(url.toLocalFile());

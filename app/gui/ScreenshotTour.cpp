@@ -63,6 +63,17 @@ const Run kRuns[] = {
          SetText(d, "title", QStringLiteral("Wait in queue"));
          SetText(d, "yLabel", QStringLiteral("Wait"));
      }},
+    {"g_OnHistogram", "histogram",
+     [](CommandDialog& d) {
+         SetText(d, "file", ("waits.dat"));
+         SetText(d, "reps", QStringLiteral("Lumped"));
+         SetText(d, "title", QStringLiteral("Waits, all replications"));
+     }},
+    {"g_OnTable", "table",
+     [](CommandDialog& d) {
+         SetRows(d, {{("waits.dat"), "All"}, {("meanwait.dat"), "All"}});
+         SetText(d, "title", QStringLiteral("Waits"));
+     }},
 };
 
 }  // namespace

@@ -1,7 +1,7 @@
 // Pictures of the program at work, for the README and for review: the main
-// window and its menus, then an interval, a comparison, a correlogram and a
-// plot run from the Analysis menu on the demo's files, each dialog as it is
-// filled in and each window it opens.
+// window and its menus, then an interval, a comparison, a correlogram, a
+// plot, a histogram and a table run from the Analysis menu on the demo's
+// files, each dialog as it is filled in and each window it opens.
 #pragma once
 
 #include <QString>

@@ -22,6 +22,30 @@ int CheckTextSource(const std::string& file, const std::string& out, DlgControl*
     return 0;
 }
 
+}  // namespace
+
+std::string conv_DefaultOutput(const std::string& source, const char* ext) {
+    if (source.empty() || source == "-") return {};
+    return std::filesystem::path(source).replace_extension(ext).string();
+}
+
+int CExprtDlg::Validate(int*) {
+    SetFocusControl(DlgControl::DataFile);
+    if (m_strFile.empty()) return IDS_SOURCE_NOT_SPECIFIED;
+    DataFileCheck file{m_strFile, ""};
+    if (int rc = dlg_CheckDataFile(file, {FileCheck::Exists})) return rc;
+    if (dlg_SameFileName(m_strOutFile, m_strFile)) {
+        SetFocusControl(DlgControl::OutputFile);
+        return IDS_SAME_OUTPUT_FILE;
+    }
+    if (int rc = dlg_CheckDataFile(file, {FileCheck::Header})) return rc;
+    SetFocusControl(DlgControl::None);
+    return 0;
+}
+
+// The fields of the conversions' dialogs.
+namespace {
+
 DlgField SourceField(std::string& file, const char* filter) {
     DlgField f = dlg_TextField("source", "&Text File:", DlgControl::DataFile, file, 255);
     f.kind = DlgField::Kind::OpenFile;
@@ -29,7 +53,7 @@ DlgField SourceField(std::string& file, const char* filter) {
     return f;
 }
 
-DlgField OutputField(std::string& file, const char* label, std::string filter) {
+DlgField SaveFileField(std::string& file, const char* label, std::string filter) {
     DlgField f = dlg_TextField("outFile", label, DlgControl::OutputFile, file, 255);
     f.kind = DlgField::Kind::SaveFile;
     f.filter = std::move(filter);
@@ -54,33 +78,14 @@ constexpr int IDS_DATA_FILE_FILTER = 15912;
 
 }  // namespace
 
-std::string conv_DefaultOutput(const std::string& source, const char* ext) {
-    if (source.empty() || source == "-") return {};
-    return std::filesystem::path(source).replace_extension(ext).string();
-}
-
-int CExprtDlg::Validate(int*) {
-    SetFocusControl(DlgControl::DataFile);
-    if (m_strFile.empty()) return IDS_SOURCE_NOT_SPECIFIED;
-    DataFileCheck file{m_strFile, ""};
-    if (int rc = dlg_CheckDataFile(file, {FileCheck::Exists})) return rc;
-    if (dlg_SameFileName(m_strOutFile, m_strFile)) {
-        SetFocusControl(DlgControl::OutputFile);
-        return IDS_SAME_OUTPUT_FILE;
-    }
-    if (int rc = dlg_CheckDataFile(file, {FileCheck::Header})) return rc;
-    SetFocusControl(DlgControl::None);
-    return 0;
-}
-
 std::vector<DlgField> CExprtDlg::Fields() {
-    return {OutputField(m_strOutFile, "&Export to File:", kExportFilter)};
+    return {SaveFileField(m_strOutFile, "&Export to File:", kExportFilter)};
 }
 
 std::vector<DlgField> CImprtDlg::Fields() {
     DlgField source = SourceField(m_strFile, kExportFilter);
     source.label = "&Export File:";
-    return {source, OutputField(m_strOutFile, "&Data File:", msg_Text(IDS_DATA_FILE_FILTER)),
+    return {source, SaveFileField(m_strOutFile, "&Data File:", msg_Text(IDS_DATA_FILE_FILTER)),
             PrecisionField(m_nPrecision)};
 }
 
@@ -88,7 +93,7 @@ std::vector<DlgField> CLoadDlg::Fields() {
     DlgField kind = dlg_TextField("kind", "Data &Kind (1 to 7):", DlgControl::DataKind, m_strKind);
     for (int k = 1; k <= 7; ++k) kind.items.push_back(std::to_string(k));
     return {SourceField(m_strFile, kTextFilter),
-            OutputField(m_strOutFile, "&Data File:", msg_Text(IDS_DATA_FILE_FILTER)),
+            SaveFileField(m_strOutFile, "&Data File:", msg_Text(IDS_DATA_FILE_FILTER)),
             kind,
             dlg_TextField("ident", "&Identifier:", DlgControl::None, m_strIdent, 24),
             dlg_TextField("title", "T&itle:", DlgControl::None, m_strTitle, 60),

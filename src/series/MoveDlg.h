@@ -14,7 +14,7 @@ public:
     static constexpr int kWindowLimit = 999999;
 
     std::string m_strWindow = "1";  // as typed
-    std::string m_strMethod;        // read by its first letter; empty or unknown: centred
+    std::string m_strMethod = "Centred";  // read by its first letter; empty or unknown: centred
     std::string m_strOutFile;       // empty: the smoothed series is not saved
     bool m_bWarmup = true;          // MSER-5 on the series
 

@@ -205,6 +205,19 @@ void CommandFlowTest::runsFromTheMenu_data() {
                                 << "Confidence level value must be >= 0 and <= 100"
                                 << "level"
                                 << "Compare Means - Waits";
+    QTest::newRow("variances") << "g_OnVartest" << "level:2" << "Confidence level value must be >= 0 and <= 100"
+                               << "level"
+                               << "Compare Variances - Waits";
+    QTest::newRow("anova") << "g_OnOneway" << "level:abc" << "Confidence level value must be >= 0 and <= 100"
+                           << "level"
+                           << "One-Way ANOVA - Waits";
+    QTest::newRow("sd intervals") << "g_OnSdinterval" << "level:abc" << "Confidence level value must be >= 0 and <= 100"
+                                  << "level"
+                                  << "Standard Deviation Intervals - Waits";
+    QTest::newRow("standardized") << "g_OnStdinterval" << "level:-1"
+                                  << "Confidence level value must be >= 0 and <= 100"
+                                  << "level"
+                                  << "Standardized Time Series Intervals - Waits";
     QTest::newRow("correlogram") << "g_OnCorrelogram" << "maxLags:0" << "Maximum Lags must be greater than 0"
                                  << "maxLags"
                                  << "Correlogram - a.dat";
@@ -317,6 +330,7 @@ void CommandFlowTest::runsFromTheMenu() {
     QCOMPARE(frame->ReportText(), coreReport);
     // Split windows hold a graph; of the single ones only the bar chart draws.
     QCOMPARE(frame->HasGraph(), row->frame == FrameKind::Split || command == QStringLiteral("g_OnBarchart"));
+    if (command == QStringLiteral("g_OnTable")) QVERIFY(frame->Table());
 }
 
 void CommandFlowTest::reopensWithTheLastEntries() {

@@ -1,9 +1,11 @@
 // The data group window with the desktop host installed: what the user sees
-// in message boxes when a file cannot be read or is about to be removed.
+// in message boxes when a file cannot be read (one dropped on the window
+// among others) or is about to be removed.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
@@ -66,7 +68,14 @@ void GroupWindowTest::damagedFileIsReportedAndKept() {
     GroupWindow group;
     group.NewGroup(QStringLiteral("Output1"));
     BoxAnswerer answerer(QMessageBox::Ok);
-    group.AddFiles({path});
+    // Dropped from a file manager, with a file that is no data file.
+    QMimeData dropped;
+    dropped.setUrls({QUrl::fromLocalFile(path), QUrl::fromLocalFile(dir.filePath(QStringLiteral("notes.txt")))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&group, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&group, &drop);
 
     QCOMPARE(answerer.texts.size(), 1);
     QVERIFY(!answerer.texts[0].isEmpty());

@@ -1,10 +1,11 @@
 // The QPainter device context paints what the core draws. Each graph kind's
-// frame, with a curve, a box, markers, arrows and text over it, is drawn once
-// into the recording context and once through CQtDC onto a device whose paint
-// engine keeps every call; the two sequences must match primitive for
-// primitive, on screen and on paper. Text is placed by Qt's own measure of
-// the real face, so the check also catches a window set in another face than
-// the one the layout measured.
+// frame, with a curve, a box, markers, arrows and text over it, and then the
+// graph views of every analysis that has one, are drawn once into the
+// recording context and once through CQtDC onto a device whose paint engine
+// keeps every call; the two sequences must match primitive for primitive, on
+// screen and on paper. Text is placed by Qt's own measure of the real face,
+// so the check also catches a window set in another face than the one the
+// layout measured.
 #include <QApplication>
 #include <QFontInfo>
 #include <QPaintEngine>
@@ -14,10 +15,20 @@
 
 #include <cmath>
 
+#include "FrameOutput.h"
+#include "GraphWidget.h"
 #include "QtDC.h"
+#include "TestFiles.h"
+#include "dialog/FileDialogs.h"
 #include "framework/FontMetrics.h"
+#include "framework/Frame.h"
+#include "framework/Host.h"
 #include "framework/RecordingDC.h"
+#include "framework/View.h"
 #include "graph/GraphLayout.h"
+#include "group/CommandTable.h"
+#include "group/Commands.h"
+#include "report/TextView.h"
 
 namespace {
 
@@ -224,47 +235,10 @@ void CheckText(const DrawOp& op, const Painted& p) {
     QVERIFY2(std::abs(anchorY - op.from.y) <= 1.0, qPrintable(Describe(op)));
 }
 
-}  // namespace
-
-class QtDCTest : public QObject {
-    Q_OBJECT
-private slots:
-    void paintsWhatTheCoreDraws_data();
-    void paintsWhatTheCoreDraws();
-};
-
-void QtDCTest::paintsWhatTheCoreDraws_data() {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<bool>("printing");
-    const std::pair<int, const char*> kinds[] = {
-        {GK_ORDINARY, "ordinary"}, {GK_ANOVA, "anova"}, {GK_HISTOGRAM, "histogram"}, {GK_CORRELOGRAM, "correlogram"}};
-    for (auto [kind, name] : kinds) {
-        QTest::newRow(qPrintable(QStringLiteral("%1 on screen").arg(name))) << kind << false;
-        QTest::newRow(qPrintable(QStringLiteral("%1 on paper").arg(name))) << kind << true;
-    }
-}
-
-void QtDCTest::paintsWhatTheCoreDraws() {
-    QFETCH(int, kind);
-    QFETCH(bool, printing);
-    const CRect client{0, 0, 800, 600};
-    // Paper: a page of 300 dpi, three times the window in each direction.
-    const QSize device = printing ? QSize(2400, 1800) : QSize(800, 600);
-    const int dpi = printing ? 300 : 96;
-
-    FaceRecordingDC recorded(device.width(), device.height(), printing);
-    DrawSample(recorded, kind, client);
-
-    RecordingDevice target(device, dpi);
-    {
-        QPainter painter(&target);
-        CQtDC dc(painter, device.width(), device.height(), printing);
-        DrawSample(dc, kind, client);
-    }
-    const std::vector<Painted>& painted = target.Calls();
-
+// Walks the recorded operations and the painted calls side by side.
+void ComparePainted(const std::vector<DrawOp>& ops, const std::vector<Painted>& painted) {
     std::size_t next = 0;
-    for (const DrawOp& op : recorded.Ops()) {
+    for (const DrawOp& op : ops) {
         QVERIFY2(next < painted.size(), qPrintable(QStringLiteral("not painted: ") + Describe(op)));
         if (op.kind == DrawOp::kText && op.bkMode == OPAQUE) {
             // An opaque text clears its box first.
@@ -296,6 +270,155 @@ void QtDCTest::paintsWhatTheCoreDraws() {
         if (QTest::currentTestFailed()) return;
     }
     QCOMPARE(next, painted.size());
+}
+
+// Takes the frame an analysis opens; any message fails the test.
+class FrameHost : public IHost {
+public:
+    int ShowMessage(int, const std::string& text, unsigned) override {
+        messages << QString::fromStdString(text);
+        return IDOK;
+    }
+    void ShowFrame(std::unique_ptr<CDocFrame> f) override { frame = std::move(f); }
+    std::unique_ptr<CDocFrame> frame;
+    QStringList messages;
+};
+
+// The entries of a user who runs the command on files a and b: both files (as
+// a pair where the dialog takes pairs), or file a alone; the rest as the
+// dialog starts, but for the entries that have no usable default.
+void FillDialog(CDialog& dlg, const std::string& a, const std::string& b) {
+    if (auto* single = dynamic_cast<CBaseDlg*>(&dlg)) {
+        single->m_strFile = a;
+        single->m_strReps = "All";
+    } else if (auto* multi = dynamic_cast<CBaseMultiDlg*>(&dlg)) {
+        multi->AddFile(a, "All");
+        multi->AddFile(b, "Lumped");
+    } else if (auto* pairs = dynamic_cast<CBasePairsDlg*>(&dlg)) {
+        pairs->AddPair(CMultiFileItem(a, "All"), CMultiFileItem(b, "All"));
+    }
+    for (const DlgField& f : dlg.Fields()) {
+        if (std::string_view(f.key) == "maxLags") *f.text = "6";
+        if (std::string_view(f.key) == "window") *f.text = "5";
+    }
+}
+
+}  // namespace
+
+class QtDCTest : public QObject {
+    Q_OBJECT
+private slots:
+    void paintsWhatTheCoreDraws_data();
+    void paintsWhatTheCoreDraws();
+    void analysesPaintWhatTheCoreDraws_data();
+    void analysesPaintWhatTheCoreDraws();
+};
+
+void QtDCTest::paintsWhatTheCoreDraws_data() {
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<bool>("printing");
+    const std::pair<int, const char*> kinds[] = {
+        {GK_ORDINARY, "ordinary"}, {GK_ANOVA, "anova"}, {GK_HISTOGRAM, "histogram"}, {GK_CORRELOGRAM, "correlogram"}};
+    for (auto [kind, name] : kinds) {
+        QTest::newRow(qPrintable(QStringLiteral("%1 on screen").arg(name))) << kind << false;
+        QTest::newRow(qPrintable(QStringLiteral("%1 on paper").arg(name))) << kind << true;
+    }
+}
+
+void QtDCTest::paintsWhatTheCoreDraws() {
+    QFETCH(int, kind);
+    QFETCH(bool, printing);
+    const CRect client{0, 0, 800, 600};
+    // Paper: a page of 300 dpi, three times the window in each direction.
+    const QSize device = printing ? QSize(2400, 1800) : QSize(800, 600);
+    const int dpi = printing ? 300 : 96;
+
+    FaceRecordingDC recorded(device.width(), device.height(), printing);
+    DrawSample(recorded, kind, client);
+
+    RecordingDevice target(device, dpi);
+    {
+        QPainter painter(&target);
+        CQtDC dc(painter, device.width(), device.height(), printing);
+        DrawSample(dc, kind, client);
+    }
+    ComparePainted(recorded.Ops(), target.Calls());
+}
+
+void QtDCTest::analysesPaintWhatTheCoreDraws_data() {
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<bool>("printing");
+    // Every command whose window holds a graph view; the table's rows decide, so
+    // an analysis added later is checked too.
+    for (const GroupCommand& c : grp_Commands()) {
+        if (!c.make.Built()) continue;
+        auto dlg = c.make.createDialog();
+        auto doc = c.make.createDocument();
+        bool graph = false;
+        for (const auto& v : c.make.createViews(*doc))
+            graph = graph || (dynamic_cast<CView*>(v.get()) && !dynamic_cast<CTextView*>(v.get()));
+        if (!graph) continue;
+        QTest::newRow(qPrintable(QStringLiteral("%1 on screen").arg(c.templateName))) << c.exportName << false;
+        QTest::newRow(qPrintable(QStringLiteral("%1 on paper").arg(c.templateName))) << c.exportName << true;
+    }
+}
+
+void QtDCTest::analysesPaintWhatTheCoreDraws() {
+    QFETCH(QString, command);
+    QFETCH(bool, printing);
+    // Two files of three replications of 60 waits, in a pattern with a trend
+    // and a cycle so that every statistic and graph has something to show.
+    TempDir dir;
+    auto reps = [](double base) {
+        std::vector<std::vector<Rec>> r(3);
+        for (int k = 0; k < 3; ++k)
+            for (int i = 0; i < 60; ++i) r[k].push_back({i + 1.0, base + k + i * 0.05 + (i * 7 + k * 3) % 11});
+        return test_Replications(r);
+    };
+    const std::string a = dir.Path("a.dat"), b = dir.Path("b.dat");
+    test_WriteDataFile(a, HeaderFields{}, reps(10.0));
+    test_WriteDataFile(b, HeaderFields{}, reps(12.5));
+
+    const GroupCommand& row = *grp_FindCommand(command.toStdString());
+    std::unique_ptr<CDialog> dlg = row.make.createDialog();
+    FillDialog(*dlg, a, b);
+    FrameHost host;
+    ScopedHost scope(&host);
+    std::string exchange;
+    QVERIFY2(dlg->ExchangeFields(&exchange), exchange.c_str());
+    QCOMPARE(dlg->Validate(nullptr), 0);
+    QCOMPARE(grp_OpenAnalysis(row, *dlg), 0);
+    QVERIFY(host.frame);
+
+    // Each graph view in the share of the window it takes, at three times the
+    // window's resolution on paper.
+    const std::vector<GraphPane> panes = out_GraphPanes(*host.frame, QSize(800, 600));
+    QVERIFY(!panes.empty());
+    const int scale = printing ? 3 : 1;
+    for (const GraphPane& pane : panes) {
+        const QSize device = pane.size * scale;
+        const CRect client{0, 0, pane.size.width(), pane.size.height()};
+        if (printing) {
+            // The printout takes its ticks from the screen, as out_PaintGraphPage does.
+            QImage screen(pane.size, QImage::Format_RGB32);
+            QPainter screenPainter(&screen);
+            GraphWidget::Render(*pane.view, screenPainter, pane.size);
+        }
+        FaceRecordingDC recorded(device.width(), device.height(), printing);
+        pane.view->SetClientRect(client);
+        pane.view->OnDraw(recorded);
+
+        RecordingDevice target(device, printing ? 288 : 96);
+        {
+            QPainter painter(&target);
+            GraphWidget::Messages messages = GraphWidget::Draw(*pane.view, painter, client, device, printing);
+            QVERIFY(messages.empty());
+        }
+        QVERIFY(!recorded.Ops().empty());
+        ComparePainted(recorded.Ops(), target.Calls());
+        if (QTest::currentTestFailed()) return;
+    }
+    QCOMPARE(host.messages, QStringList());
 }
 
 QTEST_MAIN(QtDCTest)
