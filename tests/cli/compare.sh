@@ -34,13 +34,9 @@ check_message() {
     [ "$(head -1 err)" = "$expected" ] || fail "$*: expected '$expected', got '$(cat err)'"
     [ "$(grep -cx "$expected" err)" -eq 1 ] || fail "$*: message shown more than once"
 }
-check_message "Confidence level value must be >= 0 and <= 100" compare --level 95 waits.dat waits.dat
-check_message "Confidence level value must be >= 0 and <= 100" vartest --level 1 waits.dat waits.dat
+# Which check fails for which pair is the pair dialogs' test.
 check_message "File not found" compare waits.dat none.dat
-check_message "Invalid replication treatment" compare waits.dat@All waits.dat@1
 check_message "Invalid replication treatment" vartest waits.dat@9 waits.dat
-"$oproc" compare queue.dat waits.dat 2>err; [ $? -eq 1 ] || fail "time-persistent data"
-grep -q "You must first Batch/Truncate the data." err || fail "time-persistent message: $(cat err)"
 "$oproc" compare meanwait.dat@Lumped meanwait.dat@Lumped >/dev/null 2>&1 || fail "Output data lumped"
 
 # Usage errors: status 2.

@@ -32,9 +32,6 @@ check "add: list" "#1   $work/runs/w.dat, 3, Tally, Waits
 "$OPROC" group add g.dgr runs/../runs/w.dat >out 2>err
 check "add a file already there: status" 1 $?
 check "add a file already there: message" "File already is in the data group." "$(head -1 err)"
-"$OPROC" group add g.dgr runs/none.dat >out 2>err
-check "add a missing file: status" 1 $?
-check "add a missing file: message" "File not found" "$(head -1 err)"
 
 # Listing refreshes a changed file's line.
 datafile 203 Tally "Waits again" 2 > runs/w.dat

@@ -4,7 +4,6 @@
 source "$(dirname "$0")/lib/common.sh"
 { header 203 Tally; printf "${d[1]}${d[1]}${d[2]}${d[2]}${d[3]}${d[3]}${d[4]}${d[4]}${d[5]}${d[5]}${d[-1]}${d[-1]}"; } > small.dat
 { header 203 Tally; printf "${d[1]}${d[4]}${d[-1]}${d[-1]}"; } > one.dat
-{ header 201 DSTAT; printf "${d[1]}${d[4]}${d[-1]}${d[-1]}"; } > level.dat
 { header 203 Tally; printf "${d[-1]}${d[-1]}"; } > empty.dat
 
 # 1..5: mean 3, s = 1.581, t(4, 0.025) = 2.776 from the t table, hw = 1.963.
@@ -33,12 +32,8 @@ IDENTIFIER              AVERAGE   SQRT(A/N)  0.950 C.I.    MINIMUM    MAXIMUM  N
 small.dat                   2.5       1.12         2.05          1          4       4'
 check "stdinterval" "$expected_std" "$("$OPROC" stdinterval --scale small.dat@1)"
 
-# Failures: the message once on stderr, nothing on stdout, status 1.
-failing "missing file" "File not found" sdinterval small.dat missing.dat
-failing "level" "Confidence level value must be >= 0 and <= 100" stdinterval --level 101 small.dat
-failing "treatment" "Invalid replication treatment" interval small.dat@0
-failing "replication beyond the file" "Invalid replication treatment" interval small.dat@2
-failing "time-persistent" "You must first Batch/Truncate the data." interval level.dat
+# Failures: the message once on stderr, nothing on stdout, status 1. Which
+# check fails for which entry is the dialog's and the documents' test.
 failing "too few for a batch" "No observations stored in data file." stdinterval one.dat
 failing "no observations" "No observations stored in data file." interval small.dat empty.dat one.dat
 

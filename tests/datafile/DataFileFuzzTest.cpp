@@ -31,23 +31,10 @@ void ReadEverything(const std::string& path) {
             if (!in.NextReplication()) break;
         }
     }
-    int found = 0;
-    std::FILE* f = op_OpenDataFile(&found, path.c_str(), 2, true);
-    ASSERT_NE(f, nullptr);
-    DataFileHeader h;
-    if (op_ReadFileHdr(f, false, &h) == 0) {
-        for (int treatment : {1, REP_LUMPED, REP_REPMEANS}) {
-            std::fseek(f, doc.RepInfo(1).m_lFilePos, SEEK_SET);
-            double t = 0, v = 0;
-            for (long n = 0; n < 100000; ++n) {
-                op_ReadObs(f, h.isDouble, treatment, h.kind, &t, &v);
-                if (t == -1.0 && v == -1.0) break;
-            }
-        }
-        std::fseek(f, doc.RepInfo(1).m_lFilePos, SEEK_SET);
-        op_SeekRep(f, h.isDouble, 2, &found, true);
+    for (int rep : {2, 0, -9999}) {
+        in.Seek(in.FirstRecord());
+        in.SeekRep(rep);
     }
-    std::fclose(f);
 }
 
 TEST(DataFileFuzz, MutatedAndTruncatedFilesNeverCrash) {

@@ -76,6 +76,83 @@ TEST(RecordReader, MarkerRulesUnderEachTreatment) {
     }
 }
 
+// Replication means: the step rule weighted by the value that ends each step
+// for DSTAT and Counter, trapezoids for CSTAT, a plain mean for observations.
+TEST(RecordReader, ReplicationMeansByKind) {
+    struct Case {
+        const char* name;
+        int kind;
+        std::vector<Rec> recs;
+        std::vector<double> means;
+    } cases[] = {
+        // (2-0)*5 + (6-2)*1 = 14 over 6.
+        {"DSTAT", 1, {{2, 5}, {6, 1}, {-1, 0}, {1, 4}, {-2, -1}}, {14.0 / 6.0, 4.0}},
+        {"Counter", 6, {{2, 5}, {6, 1}, {-1, -1}}, {14.0 / 6.0}},
+        // From (0,0): (2-0)*(0+4)/2 = 4; (6-2)*(4+0)/2 = 8; 12 over 6.
+        {"CSTAT", 2, {{2, 4}, {6, 0}, {-1, -1}}, {2.0}},
+        {"Tally", 3, {{7, 1}, {8, 2}, {9, 6}, {-1, 0}, {1, 10}, {-2, -1}}, {3.0, 10.0}},
+    };
+    TempDir dir;
+    for (const Case& c : cases) {
+        CRecordReader in;
+        ASSERT_EQ(in.Open(dir.WriteRecords("m.dat", c.kind, c.recs)), 0);
+        ASSERT_EQ(in.Start(REP_REPMEANS), 0);
+        double t = 0, v = 0;
+        for (double mean : c.means) {
+            ASSERT_TRUE(in.NextObs(&t, &v)) << c.name;
+            EXPECT_EQ(t, 1.0) << c.name;
+            EXPECT_NEAR(v, mean, 1e-12) << c.name;
+        }
+        EXPECT_FALSE(in.NextObs(&t, &v)) << c.name;
+    }
+}
+
+// SeekRep: a replication's first record (after the marker that closes the one
+// before, skip markers not counting), -9999 the end marker, 0 past the last
+// record, lumped where the reader stands; 15804 for a replication the file
+// lacks or a treatment that names no position. Records are 16 bytes.
+TEST(RecordReader, SeekRepPositions) {
+    TempDir dir;
+    const std::string path =
+        dir.WriteRecords("r.dat", 3, {{1, 11}, {2, 12}, {-1, 0}, {1, 21}, {-1, -2}, {-2, 0}, {1, 31}, {-3, -1}});
+    const std::int64_t first = static_cast<std::int64_t>(test_HeaderBytes({}).size());
+    struct {
+        int rep, rc;
+        std::int64_t pos;
+        double value;  // of the record there
+    } const cases[] = {
+        {1, 0, first, 11},           {2, 0, first + 3 * 16, 21},  {3, 0, first + 6 * 16, 31},
+        {-9999, 0, first + 7 * 16, -1}, {0, 0, first + 8 * 16, -1}, {REP_LUMPED, 0, first, 11},
+        {4, 15804, -1, 0},           {REP_ALL, 15804, -1, 0},     {REP_INVALID, 15804, -1, 0}, {-7, 15804, -1, 0},
+    };
+    for (const auto& c : cases) {
+        CRecordReader in;
+        ASSERT_EQ(in.Open(path), 0);
+        ASSERT_EQ(in.SeekRep(c.rep), c.rc) << c.rep;
+        if (c.rc) continue;
+        EXPECT_EQ(in.Tell(), c.pos) << c.rep;
+        double t = 0, v = 0;
+        in.ReadRecord(&t, &v);
+        EXPECT_EQ(v, c.value) << c.rep;
+    }
+    CRecordReader empty;
+    ASSERT_EQ(empty.Open(dir.WriteRecords("e.dat", 3, {})), 0);
+    EXPECT_EQ(empty.SeekRep(1), 15804);
+}
+
+// A file cut inside a record ends the data after its last whole record.
+TEST(RecordReader, CutRecordEndsTheData) {
+    TempDir dir;
+    const std::string whole = test_HeaderBytes({}) + test_RecordBytes({{1, 10}, {2, 20}, {-1, -1}}, true);
+    test_WriteBytes(dir.Path("cut.dat"), whole.substr(0, whole.size() - 7));
+    CRecordReader in;
+    ASSERT_EQ(in.Open(dir.Path("cut.dat")), 0);
+    ASSERT_EQ(in.Start(REP_LUMPED), 0);
+    std::vector<double> values;
+    for (double t, v; in.NextObs(&t, &v);) values.push_back(v);
+    EXPECT_EQ(values, (std::vector<double>{10, 20}));
+}
+
 TEST(RecordReader, OpenFailures) {
     TempDir dir;
     CRecordReader in;

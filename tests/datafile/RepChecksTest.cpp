@@ -1,3 +1,5 @@
+// The checks of the data-file layer that no dialog runs; those the dialogs
+// share are tests of the shared check (DataFileCheckTest).
 #include <gtest/gtest.h>
 
 #include "TestFiles.h"
@@ -16,27 +18,6 @@ TEST(RepChecks, TreatmentText) {
         EXPECT_EQ(rep_CheckTreatmentText(c.text, &treatment), c.rc) << c.text;
     }
     EXPECT_EQ(rep_CheckTreatment(REP_REPMEANS), 15804);
-}
-
-TEST(RepChecks, EnoughReplications) {
-    TempDir dir;
-    std::string path = dir.Path("two.dat");
-    test_WriteDataFile(path, {}, test_Replications({{{1, 1}}, {{1, 2}}}));
-    EXPECT_EQ(rep_CheckEnoughReps(path.c_str(), 2), 0);
-    EXPECT_EQ(rep_CheckEnoughReps(path.c_str(), 3), 15940);
-    EXPECT_EQ(rep_CheckEnoughReps(path.c_str(), REP_ALL), 0);
-    EXPECT_EQ(rep_CheckEnoughReps(path.c_str(), REP_LUMPED), 0);
-}
-
-TEST(RepChecks, ObservationKinds) {
-    struct Case {
-        int kind;
-        int treatment;
-        int rc;
-    } cases[] = {{1, 1, 15810}, {2, REP_LUMPED, 15810}, {6, 1, 15810}, {7, REP_ALL, 15810}, {3, 1, 0},
-                 {5, REP_ALL, 0}, {4, 1, 15810},        {4, REP_ALL, 15810}, {4, REP_LUMPED, 0}};
-    for (const Case& c : cases)
-        EXPECT_EQ(rep_CheckObservationKind(c.kind, c.treatment), c.rc) << c.kind << " " << c.treatment;
 }
 
 TEST(RepChecks, SameKinds) {

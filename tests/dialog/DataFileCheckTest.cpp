@@ -12,7 +12,8 @@ class DataFileCheckTest : public ::testing::Test {
 protected:
     void SetUp() override {
         dir.WriteReps("tally.dat", 3, {{1, 2}, {3}});
-        for (auto [name, kind] : {std::pair{"dstat.dat", 1}, {"cstat.dat", 2}, {"output.dat", 4}, {"filtered.dat", 5}})
+        for (auto [name, kind] : {std::pair{"dstat.dat", 1}, {"cstat.dat", 2}, {"output.dat", 4}, {"filtered.dat", 5},
+                                  {"counter.dat", 6}, {"freq.dat", 7}})
             dir.WriteReps(name, kind, {{1}});
         test_WriteBytes(P("bad.dat"), "garbage, not a data file");
     }
@@ -40,10 +41,15 @@ TEST_F(DataFileCheckTest, EachStepInTheOrderGiven) {
         {"tally.dat", "2", {Treatment, EnoughReps}, 0, Exists},
         {"tally.dat", "3", {Treatment, EnoughReps}, 15940, EnoughReps},
         {"tally.dat", "All", {EnoughReps}, 0, Exists},
+        {"tally.dat", "Lumped", {EnoughReps}, 0, Exists},
         {"dstat.dat", "Lumped", {Header, NotTimePersistent}, 15810, NotTimePersistent},
         {"cstat.dat", "", {Header, Observations}, 15810, Observations},
+        {"dstat.dat", "1", {Header, Observations}, 15810, Observations},
+        {"counter.dat", "1", {Header, Observations}, 15810, Observations},
+        {"freq.dat", "All", {Header, Observations}, 15810, Observations},
         // Output data are observations only when the replications are lumped.
         {"output.dat", "1", {Header, NotTimePersistent}, 0, Exists},
+        {"output.dat", "1", {Header, Observations}, 15810, Observations},
         {"output.dat", "All", {Header, Observations}, 15810, Observations},
         {"output.dat", "Lumped", {Header, Observations}, 0, Exists},
         {"filtered.dat", "", {Header, Observations}, 0, Exists},

@@ -6,23 +6,6 @@
 
 namespace {
 
-TEST(LayoutPlotArea, ScreenKeepsEveryClassAtOneAndFiftyUnitMargins) {
-    CRecordingDC dc;
-    test_Layout(dc, 800, 600);
-    const GraphLayout& L = g_Layout;
-    EXPECT_EQ(L.hClass, 1);
-    EXPECT_EQ(L.hClass2, 1);
-    EXPECT_EQ(L.vClass, 1);
-    EXPECT_EQ(L.vClass2, 1);
-    EXPECT_EQ(L.scale, 1.0);
-    EXPECT_EQ(L.left, 50);
-    EXPECT_EQ(L.right, 750);
-    EXPECT_EQ(L.top, 50);
-    EXPECT_EQ(L.bottom, 550);
-    EXPECT_EQ(L.plotWidth, 700);
-    EXPECT_EQ(L.plotHeight, 500);
-}
-
 TEST(LayoutPlotArea, PrintingScalesByWholePrinterUnitsPerWindowUnit) {
     struct Case {
         int horz, vert, w, h;

@@ -53,7 +53,8 @@ TEST(DrawGraphFrame, OrdinaryFrameOnTheScreen) {
     EXPECT_EQ(yTitle->from.x, 50 + 10 - 32);
     EXPECT_EQ(yTitle->from.y, 20);
 
-    // The frame: Rectangle(left, bottom + 1, right + 1, top) with the null brush.
+    // The frame: Rectangle(left, bottom + 1, right + 1, top) with the null brush;
+    // on the screen every size class is 1 and the margins 50 units.
     ASSERT_EQ(dc.Rects().size(), 1u);
     const DrawOp box = dc.Rects()[0];
     EXPECT_EQ(box.rect.left, 50);
