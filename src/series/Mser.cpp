@@ -1,5 +1,7 @@
 #include "series/Mser.h"
 
+#include <utility>
+
 MserResult mser_Five(const std::vector<double>& y) {
     CMserBatches batches;
     batches.Add(y.data(), y.size());
@@ -31,17 +33,20 @@ MserResult mser_FromBatchMeans(std::vector<double> z) {
     r.batches = m;
     if (m < 2) return r;
     const long dMax = m / 2;
-    r.curve.assign(static_cast<std::size_t>(dMax + 1), 0.0);
     double mean = 0.0, m2 = 0.0;
     long count = 0;
+    // MSER(d) takes the place of Z(d + 1), which is not read again: the
+    // curve needs no memory of its own.
     for (long d = m - 1; d >= 0; --d) {
         const double x = z[static_cast<std::size_t>(d)];
         ++count;
         const double delta = x - mean;
         mean += delta / static_cast<double>(count);
         m2 += delta * (x - mean);
-        if (d <= dMax) r.curve[static_cast<std::size_t>(d)] = m2 / (static_cast<double>(count) * count);
+        if (d <= dMax) z[static_cast<std::size_t>(d)] = m2 / (static_cast<double>(count) * count);
     }
+    z.resize(static_cast<std::size_t>(dMax + 1));
+    r.curve = std::move(z);
     r.bestD = 0;
     for (long d = 1; d <= dMax; ++d)
         if (r.curve[static_cast<std::size_t>(d)] < r.curve[static_cast<std::size_t>(r.bestD)]) r.bestD = d;
