@@ -44,6 +44,11 @@ public:
     void FlushNotes();
     void SetQuiet(bool quiet) { m_quiet = quiet; }
 
+    // The option that names the dialog's output file in messages; null for a
+    // command that takes it as an argument: its messages then name the file.
+    void SetOutputOption(const char* option) { m_outputOption = option; }
+    const char* OutputOption() const { return m_outputOption; }
+
     bool MessageShown() const { return m_shown; }
     void Reset() { m_shown = false; }
 
@@ -64,6 +69,7 @@ private:
     std::vector<std::string> m_notes;
     int m_lastPercent = -1;
     const SvgOptions* m_svg = nullptr;
+    const char* m_outputOption = "--out";
     ReportFormat m_pagedFormat = ReportFormat::Text;
     ResultFormat m_format = ResultFormat::Text;
     std::optional<ResultRecord> m_results;

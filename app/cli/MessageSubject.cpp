@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "CliHost.h"
 #include "datafile/DataFile.h"
 #include "framework/Dialog.h"
 #include "framework/Host.h"
@@ -55,7 +56,7 @@ std::string FileOrReplications(int id, const std::string& path) {
 const char* Option(DlgControl control) {
     switch (control) {
         case DlgControl::Level: return "--level";
-        case DlgControl::OutputFile: return "--out";
+        case DlgControl::OutputFile: return cli_Host().OutputOption();
         case DlgControl::MaxLags: return "--max-lags";
         case DlgControl::Truncation: return "--trunc";
         case DlgControl::BatchSize: return "--batch-size";

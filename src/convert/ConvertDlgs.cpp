@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "datafile/DataFile.h"
+#include "datafile/RepChecks.h"
 #include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 
@@ -20,6 +22,35 @@ int CheckTextSource(const std::string& file, const std::string& out, DlgControl*
     if (dlg_SameFileName(out, file)) return IDS_SAME_OUTPUT_FILE;
     *focus = DlgControl::None;
     return 0;
+}
+
+// The checks of a data file that a conversion reads under a treatment: the
+// source of an append or of a DIF file.
+int CheckDataSource(DataFileCheck& file, const std::string& out, DlgControl* focus) {
+    *focus = DlgControl::DataFile;
+    if (file.path.empty()) return IDS_SOURCE_NOT_SPECIFIED;
+    if (int rc = dlg_CheckDataFile(file, {FileCheck::Exists})) return rc;
+    if (dlg_SameFileName(out, file.path)) {
+        *focus = DlgControl::OutputFile;
+        return IDS_SAME_OUTPUT_FILE;
+    }
+    if (int rc = dlg_CheckDataFile(file, {FileCheck::HeaderReadable, FileCheck::Treatment, FileCheck::EnoughReps})) {
+        *focus = dlg_FileFocus(file.failed);
+        return rc;
+    }
+    *focus = DlgControl::None;
+    return 0;
+}
+
+DlgField OutputField(const char* label, std::string& name, std::string filter) {
+    DlgField f;
+    f.kind = DlgField::Kind::SaveFile;
+    f.key = "outFile";
+    f.label = label;
+    f.control = DlgControl::OutputFile;
+    f.text = &name;
+    f.filter = std::move(filter);
+    return f;
 }
 
 }  // namespace
@@ -121,4 +152,42 @@ int CLoadDlg::Validate(int*) {
         m_nKind = m_strKind[0] - '0';
     }
     return 0;
+}
+
+int CAppendDlg::Validate(int*) {
+    // The file the command will extend: a name without an extension gets .dat on OK.
+    std::string destPath = m_strOutFile;
+    if (!destPath.empty() && !std::filesystem::path(destPath).has_extension()) destPath += ".dat";
+    DlgControl focus;
+    DataFileCheck source{m_strFile, m_strReps};
+    int rc = CheckDataSource(source, destPath, &focus);
+    SetFocusControl(focus);
+    if (rc) return rc;
+    SetFocusControl(DlgControl::OutputFile);
+    if (destPath.empty()) return IDS_DEST_NOT_SPECIFIED;
+    DataFileCheck dest{destPath, ""};
+    if (int rc2 = dlg_CheckDataFile(dest, {FileCheck::Exists, FileCheck::HeaderReadable})) return rc2;
+    if (dest.kind != source.kind) return IDS_FILE_KIND_MISMATCH;
+    // The treatment is what the user changes to satisfy the destination.
+    SetFocusControl(DlgControl::Replications);
+    if (int rc2 = rep_CheckAppendReinit(op_GetFileReinit(destPath.c_str()), source.treatment)) return rc2;
+    SetFocusControl(DlgControl::None);
+    return 0;
+}
+
+// The destination is chosen among existing files: it is extended, not made.
+std::vector<DlgField> CAppendDlg::Fields() { return {OutputField("&Append to File:", m_strOutFile, msg_Text(15937))}; }
+
+int CDiffDlg::Validate(int*) {
+    DlgControl focus;
+    DataFileCheck source{m_strFile, m_strReps};
+    int rc = CheckDataSource(source, m_strOutFile, &focus);
+    SetFocusControl(focus);
+    return rc;
+}
+
+std::vector<DlgField> CDiffDlg::Fields() {
+    std::vector<DlgField> fields = CBaseDlg::Fields();
+    fields.push_back(OutputField("&DIF File:", m_strOutFile, "DIF Files (*.dif)|*.dif|All Files (*.*)|*.*||"));
+    return fields;
 }

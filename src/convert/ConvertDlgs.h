@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "datafile/FileGlobals.h"
 #include "dialog/FileDialogs.h"
@@ -17,6 +18,24 @@ public:
     // The output file only: an export writes every replication and no title.
     std::vector<DlgField> Fields() override;
     bool TakesReplications() const override { return false; }
+};
+
+// Append: the replications of the dialog's file added to the end of another
+// data file of the same kind. The treatment says which: a number, "All" (each
+// its own replication) or "Lumped" (all as one).
+class CAppendDlg : public CBaseDlg {
+public:
+    std::string m_strOutFile;  // the destination, which must exist
+    int Validate(int* failingIndex) override;
+    std::vector<DlgField> Fields() override;
+};
+
+// DIF: a data file as a spreadsheet, one row per observation.
+class CDiffDlg : public CBaseDlg {
+public:
+    std::string m_strOutFile;  // "-": standard output
+    int Validate(int* failingIndex) override;
+    std::vector<DlgField> Fields() override;
 };
 
 // Import: export text back to a data file.

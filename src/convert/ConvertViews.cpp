@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "convert/AppendDoc.h"
+#include "convert/DiffDoc.h"
 #include "convert/ExprtDoc.h"
 #include "convert/ImprtDoc.h"
 #include "convert/LoadDoc.h"
@@ -73,6 +75,29 @@ void CLoadView::WriteReport(FILE* f) {
     s.Text(IDS_DATA_KIND, op_KindText(r.kind));
     s.Text(IDS_PRECISION, PrecisionText(r.isDouble));
     s.Number(IDS_LINES_READ, r.lines);
+    s.Number(IDS_REPLICATIONS, r.replications);
+    s.Number(IDS_OBSERVATIONS, r.observations);
+}
+
+void CAppendView::WriteReport(FILE* f) {
+    const auto* doc = dynamic_cast<const CAppendDoc*>(GetDocument());
+    if (!doc) return;
+    const AppendResults& r = doc->Results();
+    Summary s(*this, f, IDS_APPEND_SUMMARY);
+    s.Text(IDS_SOURCE_FILE, r.source);
+    s.Text(IDS_DESTINATION_FILE, r.destination);
+    s.Number(IDS_REPS_BEFORE, r.repsBefore);
+    s.Number(IDS_REPS_AFTER, r.repsAfter);
+    s.Number(IDS_RECORDS_APPENDED, r.records);
+}
+
+void CDiffView::WriteReport(FILE* f) {
+    const auto* doc = dynamic_cast<const CDiffDoc*>(GetDocument());
+    if (!doc) return;
+    const DiffResults& r = doc->Results();
+    Summary s(*this, f, IDS_DIF_SUMMARY);
+    s.Text(IDS_SOURCE_FILE, r.source);
+    s.Text(IDS_DESTINATION_FILE, r.destination);
     s.Number(IDS_REPLICATIONS, r.replications);
     s.Number(IDS_OBSERVATIONS, r.observations);
 }

@@ -18,3 +18,13 @@ class CLoadView : public CTextView {
 public:
     void WriteReport(FILE* stream) override;
 };
+
+class CAppendView : public CTextView {
+public:
+    void WriteReport(FILE* stream) override;
+};
+
+class CDiffView : public CTextView {
+public:
+    void WriteReport(FILE* stream) override;
+};

@@ -4,8 +4,10 @@
 #include "graph/BarchDoc.h"
 #include "graph/BarchExport.h"
 #include "graph/BarchartView.h"
+#include "convert/AppendDoc.h"
 #include "convert/ConvertDlgs.h"
 #include "convert/ConvertViews.h"
+#include "convert/DiffDoc.h"
 #include "convert/ExprtDoc.h"
 #include "convert/ImprtDoc.h"
 #include "convert/LoadDoc.h"
@@ -64,7 +66,8 @@ constexpr FrameKind kSplit = FrameKind::Split;
 
 // export, template, template string, title prefix, extension, document, view, frame, factory
 const GroupCommand kCommands[] = {
-    {"g_OnAppend", "Append", 16393, 16027, "dat", "CAppendDoc", "CAppendView", kSingle, {}},
+    {"g_OnAppend", "Append", 16393, 16027, "dat", "CAppendDoc", "CAppendView", kSingle,
+     grp_Analysis<CAppendDlg, CAppendDoc, CAppendView>(grp_OutputField<CAppendDlg, &CAppendDlg::m_strOutFile>)},
     {"g_OnBarchart", "Barchart", 16381, 16031, nullptr, "CBarchDoc", "CBarchartView", kSingle,
      grp_Analysis<CBarchDlg, CBarchDoc, CBarchartView>(nullptr, grp_Results<CBarchDoc, barch_ResultRecord>)},
     {"g_OnComparison", "Comparison", 16382, 16020, nullptr, "CComprDoc", "CComprView", kSplit,
@@ -73,7 +76,8 @@ const GroupCommand kCommands[] = {
     {"g_OnCorrelogram", "Correlogram", 16383, 16032, "cor", "CCorrDoc", "CCorrView", kSplit,
      grp_Analysis<CCorrDlg, CCorrDoc, CCorrView, CCorrTextView>(grp_OutputField<CCorrDlg, &CCorrDlg::m_strOutFile>,
                                                                 grp_Results<CCorrDoc, corr_ResultRecord>)},
-    {"g_OnDiffile", "Diffile", 16394, 16028, "dif", "CDiffDoc", "CDiffView", kSingle, {}},
+    {"g_OnDiffile", "Diffile", 16394, 16028, "dif", "CDiffDoc", "CDiffView", kSingle,
+     grp_Analysis<CDiffDlg, CDiffDoc, CDiffView>(grp_OutputField<CDiffDlg, &CDiffDlg::m_strOutFile>)},
     {"g_OnExport", "Export", 16392, 16029, "dax", "CExprtDoc", "CExprtView", kSingle,
      grp_Analysis<CExprtDlg, CExprtDoc, CExprtView>(grp_OutputField<CExprtDlg, &CExprtDlg::m_strOutFile>)},
     {"g_OnFilter", "BatchTruncate", 16395, 16030, "flt", "CFiltrDoc", "CFiltrView", kSingle,

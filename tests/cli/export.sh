@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
-# oproc export and import: byte-for-byte round trips, the export header, the
-# summaries, standard input and output, and damaged text.
+# The conversions of data files: export and import (byte-for-byte round
+# trips, the export header, the summaries, standard input and output, damaged
+# text), append (the reinitialisation rules, numbering, precision, a refusal
+# leaves the destination as it was) and DIF.
 set -u
 oproc=$1
 here=$2/cli
@@ -117,4 +119,80 @@ echo "kept" >kept.dat
 "$oproc" import bad.dax --out kept.dat >/dev/null 2>&1
 [ "$(cat kept.dat)" = kept ] || fail "a failed import replaced an existing file"
 "$oproc" export nothere.dat 2>err; [ $? -eq 1 ] && grep -qx "File not found" err || fail "missing file"
+
+# Append. Each case: the destination's reinitialisation flag and records,
+# the treatment, and the destination read back (by mkdata's own reader) or
+# the message it is refused with. The source holds floats: they are widened
+# to the destination's doubles. The observation of value -1 is data, not the
+# end marker.
+mk src.dat 3 0 0 "0:0.5|1:1.5,2:2.5|3:3.5"
+while IFS=';' read -r reinit records reps expected; do
+    mk dest.dat 3 1 "$reinit" "$records"
+    cp dest.dat before.dat
+    out=$("$oproc" append src.dat dest.dat --reps "$reps" 2>err); status=$?
+    case $expected in
+    [0-9]*)
+        [ $status -eq 0 ] || fail "append --reps $reps: $(cat err)"
+        got=$(mk --read dest.dat)
+        [ "$got" = "$expected" ] || fail "append --reps $reps: expected '$expected', read '$got'"
+        # The header is kept, byte for byte.
+        cmp -s -n 150 dest.dat before.dat || fail "append --reps $reps changed the header" ;;
+    *)
+        [ $status -eq 1 ] && [ "$(tr '\n' ' ' <err)" = "$expected " ] || fail "append --reps $reps: $status '$(cat err)'"
+        cmp -s dest.dat before.dat || fail "a refused append changed the destination" ;;
+    esac
+    ls -A | grep -q '^\.' && fail "temporary files left: $(ls -A)"
+done <<'T'
+1;0:1,1:-1|2:3;All;3 Y D 0:1,1:-1|2:3|0:0.5|1:1.5,2:2.5|3:3.5
+1;0:1|2:3;2;3 Y D 0:1|2:3|1:1.5,2:2.5
+0;0:1|2:3;Lumped;3 N D 0:1|2:3|0:0.5,1:1.5,2:2.5,3:3.5
+1;0:1|2:3;Lumped;Reinitialized systems requires a non-lumped treatment for the APPEND option file dest.dat
+0;0:1|2:3;All;Non-reinitialized systems requires lumped treatment for APPEND option file dest.dat
+0;0:1|2:3;4;The input file does not contain enough replications to support the specified replication treatment number src.dat has 3 replications
+T
+mk dest.dat 1 1 1 "0:1"
+cp dest.dat before.dat
+"$oproc" append src.dat dest.dat 2>err; [ $? -eq 1 ] && grep -qx "Files don't contain the same type of data" err \
+    || fail "append across kinds: $(cat err)"
+cmp -s dest.dat before.dat || fail "append across kinds changed the destination"
+cmp -s src.dat <(mk /dev/stdout 3 0 0 "0:0.5|1:1.5,2:2.5|3:3.5") || fail "append changed its source"
+# The summary: 2 + 3 replications; 4 observations and 3 markers appended.
+mk dest.dat 3 1 1 "0:1|2:3"
+cat >want <<'T'
+                               Append Summary
+
+                        Source File : src.dat                                 
+                   Destination File : dest.dat                                
+                Replications Before :           2
+                 Replications After :           5
+                   Records Appended :           7
+T
+"$oproc" append src.dat dest >out 2>err || fail "append: $(cat err)"
+diff want out >/dev/null || fail "append summary: $(diff want out)"
+
+# DIF: each treatment's table, read back by mkdata's DIF reader, which also
+# checks the header's counts; then by a spreadsheet, when one is installed.
+mk dif.dat 3 1 1 "0:1.5,1.25:-2.5,2:1000000|3:0.1"
+mk odd.dat 3 0 1 "0:nan,1:inf,2:-inf,3:0.1"
+while IFS=';' read -r arg expected; do
+    "$oproc" dif "$arg" --out got.dif >/dev/null 2>err || fail "dif $arg: $(cat err)"
+    got=$(mk --dif got.dif 2>&1)
+    [ "$got" = "$expected" ] || fail "dif $arg: expected '$expected', read '$got'"
+done <<'T'
+dif.dat@All;Observation,Replication 1,Replication 2;1,1.5,0.1;2,-2.5,;3,1000000,
+dif.dat@2;Time,Value;3,0.1
+dif.dat@Lumped;Time,Value;0,1.5;1.25,-2.5;2,1000000;3,0.1
+odd.dat;Time,Value;0,NA;1,ERROR;2,ERROR;3,0.1
+T
+"$oproc" dif dif.dat@All --title 'Say "hi"' --out - >piped.dif 2>err || fail "dif to -"
+grep -q "DIF File Summary" err || fail "summary on stderr when the DIF goes to stdout"
+[ "$(sed -n 3p piped.dif)" = $'"Say ""hi"""\r' ] || fail "title: $(sed -n 3p piped.dif)"
+if command -v soffice >/dev/null; then
+    "$oproc" dif dif.dat@All --out sheet.dif >/dev/null || fail "dif for the spreadsheet"
+    soffice -env:UserInstallation="file://$work/office" --headless --convert-to csv --outdir csv sheet.dif >/dev/null 2>&1 || fail "soffice"
+    got=$(mk --csv csv/sheet.csv)
+    [ "$got" = "Observation,Replication 1,Replication 2;1,1.5,0.1;2,-2.5,;3,1000000," ] || fail "soffice read '$got'"
+else
+    echo "soffice not installed: the DIF file was not opened in a spreadsheet"
+fi
 echo "export: all checks passed"

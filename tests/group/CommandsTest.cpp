@@ -136,7 +136,7 @@ TEST(Startup, EveryBuiltAnalysisMakesDialogDocumentAndViews) {
             EXPECT_NE(c.defaultExt, nullptr) << c.templateName;
         }
     }
-    EXPECT_EQ(built, 16);
+    EXPECT_EQ(built, 18);
 }
 
 // The stand-in analysis: a single-file dialog with an output file, a document
@@ -321,7 +321,7 @@ TEST_F(CommandFlow, FileListCaptionIsTheTitleOrTheFirstFile) {
 }
 
 TEST_F(CommandFlow, AnalysisNotBuiltSaysSoAndRunsNothing) {
-    EXPECT_EQ(g_OnDiffile(nullptr), -1);
+    EXPECT_EQ(grp_RunCommand(StandIn("g_OnDiffile", {}), nullptr), -1);
     EXPECT_EQ(m_host.dialogsRun, 0);
     ASSERT_EQ(m_host.messages.size(), 1u);
     EXPECT_EQ(m_host.messages[0].text, "DIF File is not available in this version of oproc.");

@@ -1,0 +1,46 @@
+// oproc dif FILE[@REPS] [--out PATH] [--title T]: a data file as a Data
+// Interchange Format spreadsheet (.dif). "-" writes it to standard output
+// (the summary then goes to standard error).
+#include "Command.h"
+#include "GroupArgs.h"
+#include "convert/ConvertDlgs.h"
+#include "group/Commands.h"
+
+namespace {
+
+struct Options {
+    std::string file;
+    std::string out;
+    std::string title;
+    CliGroup group;
+};
+Options g_opt;
+
+CLI::App* Setup(CLI::App& app) {
+    g_opt = Options{};
+    CLI::App* sub = app.add_subcommand("dif", "Write a data file as a DIF spreadsheet file (.dif)");
+    sub->add_option("FILE", g_opt.file,
+                    "Data file, with @REPS: a replication number (default 1), All (a column each) or Lumped "
+                    "(#N: of the --group)")
+        ->required();
+    sub->add_option("--out", g_opt.out,
+                    "DIF file (.dif added when there is no extension; default FILE with .dif; - standard output)");
+    sub->add_option("--title", g_opt.title, "Title of the table (default the data file's title)");
+    g_opt.group.AddOption(sub);
+    return sub;
+}
+
+int Run(CliIO& io) {
+    FileArg file = g_opt.group.ParseFileArg(g_opt.file);
+    if (g_opt.out == "-") cli_Host().SetReportStream(&io.err);
+    return cli_RunEntry<CDiffDlg>(g_OnDiffile, g_opt.group, [&](CDiffDlg& dlg) {
+        dlg.m_strFile = file.path;
+        dlg.m_strReps = file.reps;
+        dlg.m_strOutFile = g_opt.out;
+        dlg.m_strTitle = g_opt.title;
+    });
+}
+
+CommandRegistrar g_reg(405, Setup, Run);
+
+}  // namespace
