@@ -107,6 +107,7 @@ int cli_Run(const std::vector<std::string>& args, CliIO& io) {
                 command = sub->get_name();
                 for (const CLI::App* nested : sub->get_subcommands()) command += ' ' + nested->get_name();
                 status = run(io);
+                host.EndProgress();
             }
         cli_WriteResults(command, status, io);
     } catch (const CLI::ParseError& e) {

@@ -80,7 +80,9 @@ public:
     int ShowCaptionedMessage(int id, const std::string& text, const std::string& caption, unsigned style) override {
         return m_inner.ShowCaptionedMessage(id, text, caption, style);
     }
-    void Progress(const char* what, double done, double total) override { m_inner.Progress(what, done, total); }
+    bool Progress(const char* what, double done, double total, ProgressUnit unit) override {
+        return m_inner.Progress(what, done, total, unit);
+    }
     int RunDialog(CDialog& dlg) override { return m_run(dlg); }
     void ShowFrame(std::unique_ptr<CDocFrame> frame) override { m_inner.ShowFrame(std::move(frame)); }
     std::string AskOpenFileName(const std::string& defaultExt, const std::string& filter) override {
