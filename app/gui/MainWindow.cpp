@@ -28,6 +28,7 @@
 
 #include <fstream>
 
+#include "BackgroundRun.h"
 #include "CommandDialog.h"
 #include "DialogSettings.h"
 #include "FrameOutput.h"
@@ -415,7 +416,9 @@ void MainWindow::RunCommand(const GroupCommand& command) {
         return answer;
     });
     ScopedHost scope(&host);
-    grp_RunCommand(command, &group->View());
+    // The reading and the analysis run off this thread; the dialog, the
+    // messages and the window come back to it.
+    gui_RunInBackground(this, [&] { return grp_RunCommand(command, &group->View()); });
 }
 
 void MainWindow::Print() {

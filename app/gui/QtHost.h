@@ -1,6 +1,6 @@
 // The desktop host of the core: its messages and questions in message boxes,
 // file choices in file dialogs, and the document windows it opens handed to
-// the main window.
+// the main window. Long work reports its progress to gui_RunInBackground.
 #pragma once
 
 #include <QPointer>
