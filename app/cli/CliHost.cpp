@@ -15,11 +15,12 @@
 CliHost::CliHost(std::ostream& err) : CliHost(std::cout, err) {}
 
 CliHost::CliHost(std::ostream& out, std::ostream& err)
-    : m_out(&out), m_err(&err), m_terminal(::isatty(STDERR_FILENO) != 0) {}
+    : m_out(&out), m_err(&err), m_terminal(::isatty(STDERR_FILENO) != 0), m_progress(err) {}
 
 int CliHost::RunDialog(CDialog&) { return IDCANCEL; }
 
 void CliHost::ShowFrame(std::unique_ptr<CDocFrame> frame) {
+    m_progress.Erase();
     if (m_format != ResultFormat::Text) {
         if (const CDocument* doc = frame->GetActiveDocument())
             if (std::optional<ResultRecord> record = grp_DocumentResults(*doc)) m_results = std::move(*record);
@@ -36,10 +37,7 @@ void CliHost::ShowFrame(std::unique_ptr<CDocFrame> frame) {
 
 int CliHost::ShowMessage(int id, const std::string& text, unsigned style) {
     m_messages.emplace_back(id, text);
-    if (m_lastPercent >= 0) {
-        *m_err << '\n';
-        m_lastPercent = -1;
-    }
+    m_progress.Erase();
     *m_err << text << '\n';
     if (std::string subject = cli_MessageSubject(id); !subject.empty()) *m_err << subject << '\n';
     *m_err << std::flush;
@@ -53,19 +51,13 @@ void CliHost::Note(const std::string& text) {
 }
 
 void CliHost::FlushNotes() {
+    m_progress.Erase();
     for (const std::string& note : m_notes) *m_err << note << '\n';
     m_notes.clear();
     *m_err << std::flush;
 }
 
-void CliHost::Progress(const char* what, double done, double total) {
-    if (!m_terminal || total <= 0) return;
-    int percent = static_cast<int>(100.0 * done / total);
-    if (percent == m_lastPercent) return;
-    m_lastPercent = percent;
-    *m_err << '\r' << what << ' ' << percent << '%' << std::flush;
-    if (percent >= 100) {
-        *m_err << "\r\033[K" << std::flush;
-        m_lastPercent = -1;
-    }
+bool CliHost::Progress(const char* what, double done, double total, ProgressUnit unit) {
+    if (m_terminal && !m_quiet && total > 0) m_progress.Report(what, done, total, unit);
+    return true;
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "ResultFormat.h"
+#include "TerminalProgress.h"
 #include "framework/Host.h"
 #include "report/PagedReport.h"
 #include "report/ResultValue.h"
@@ -23,7 +24,9 @@ public:
     explicit CliHost(std::ostream& err);
     CliHost(std::ostream& out, std::ostream& err);
     int ShowMessage(int id, const std::string& text, unsigned style) override;
-    void Progress(const char* what, double done, double total) override;
+    bool Progress(const char* what, double done, double total, ProgressUnit unit) override;
+    // Erases the progress line, if one shows, before other output.
+    void EndProgress() { m_progress.Erase(); }
     // Nobody can fill in a dialog here: without a filler it is cancelled.
     int RunDialog(CDialog& dlg) override;
     void ShowFrame(std::unique_ptr<CDocFrame> frame) override;
@@ -67,7 +70,7 @@ private:
     bool m_terminal;
     bool m_quiet = false;
     std::vector<std::string> m_notes;
-    int m_lastPercent = -1;
+    TerminalProgress m_progress;
     const SvgOptions* m_svg = nullptr;
     const char* m_outputOption = "--out";
     ReportFormat m_pagedFormat = ReportFormat::Text;

@@ -57,7 +57,7 @@ int cli_Run(const std::vector<std::string>& args, CliIO& io) {
     // Global options may come after the command too: a command passes what it
     // does not know up to here.
     app.fallthrough();
-    app.set_version_flag("--version", "oproc 0.1");
+    app.set_version_flag("--version", "oproc " OPROC_VERSION);
     bool single = false, quiet = false;
     app.add_flag("--single-precision", single, "Write data files with 4-byte records for this run");
     app.add_flag("--quiet,-q", quiet, "No notes and no progress on stderr; messages still show");
@@ -107,6 +107,7 @@ int cli_Run(const std::vector<std::string>& args, CliIO& io) {
                 command = sub->get_name();
                 for (const CLI::App* nested : sub->get_subcommands()) command += ' ' + nested->get_name();
                 status = run(io);
+                host.EndProgress();
             }
         cli_WriteResults(command, status, io);
     } catch (const CLI::ParseError& e) {

@@ -13,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
+#include "BackgroundRun.h"
 #include "QtHost.h"
 #include "ReportWidget.h"
 #include "datafile/FileInfo.h"
@@ -58,6 +59,8 @@ GroupWindow::GroupWindow(QWidget* parent) : QWidget(parent), m_view(&m_doc), m_l
     m_refreshTimer.setInterval(500);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, &m_refreshTimer, qOverload<>(&QTimer::start));
     connect(&m_refreshTimer, &QTimer::timeout, this, [this] {
+        // A command reading the group's files on another thread comes first.
+        if (gui_BackgroundBusy()) return m_refreshTimer.start();
         Refresh();
         WatchFiles();  // a file replaced by a new one drops out of the watch
     });

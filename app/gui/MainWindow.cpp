@@ -28,6 +28,7 @@
 
 #include <fstream>
 
+#include "BackgroundRun.h"
 #include "CommandDialog.h"
 #include "DialogSettings.h"
 #include "FrameOutput.h"
@@ -80,7 +81,9 @@ public:
     int ShowCaptionedMessage(int id, const std::string& text, const std::string& caption, unsigned style) override {
         return m_inner.ShowCaptionedMessage(id, text, caption, style);
     }
-    void Progress(const char* what, double done, double total) override { m_inner.Progress(what, done, total); }
+    bool Progress(const char* what, double done, double total, ProgressUnit unit) override {
+        return m_inner.Progress(what, done, total, unit);
+    }
     int RunDialog(CDialog& dlg) override { return m_run(dlg); }
     void ShowFrame(std::unique_ptr<CDocFrame> frame) override { m_inner.ShowFrame(std::move(frame)); }
     std::string AskOpenFileName(const std::string& defaultExt, const std::string& filter) override {
@@ -413,7 +416,9 @@ void MainWindow::RunCommand(const GroupCommand& command) {
         return answer;
     });
     ScopedHost scope(&host);
-    grp_RunCommand(command, &group->View());
+    // The reading and the analysis run off this thread; the dialog, the
+    // messages and the window come back to it.
+    gui_RunInBackground(this, [&] { return grp_RunCommand(command, &group->View()); });
 }
 
 void MainWindow::Print() {

@@ -44,23 +44,6 @@ int QtHost::ShowCaptionedMessage(int, const std::string& text, const std::string
     return answer == QMessageBox::Yes ? IDYES : IDNO;
 }
 
-void QtHost::Progress(const char* what, double done, double total) {
-    if (total <= 0) return;
-    if (!m_progress) {
-        m_progress = std::make_unique<QProgressDialog>(QString::fromUtf8(what), QObject::tr("Cancel"), 0, 1000, Parent());
-        m_progress->setWindowModality(Qt::WindowModal);
-        m_progress->setMinimumDuration(400);
-        m_progress->setAutoClose(false);
-        m_progress->setAutoReset(false);
-        m_cancelled = false;
-    }
-    m_progress->setLabelText(QString::fromUtf8(what));
-    // A modal progress dialog handles the events of its window as it is set.
-    m_progress->setValue(static_cast<int>(1000.0 * std::min(done, total) / total));
-    if (m_progress->wasCanceled()) m_cancelled = true;
-    if (done >= total) m_progress.reset();
-}
-
 void QtHost::ShowFrame(std::unique_ptr<CDocFrame> frame) {
     if (m_frameSink) m_frameSink(std::move(frame));
 }

@@ -1,10 +1,9 @@
 // The desktop host of the core: its messages and questions in message boxes,
-// the progress of long work in a progress dialog, file choices in file
-// dialogs, and the document windows it opens handed to the main window.
+// file choices in file dialogs, and the document windows it opens handed to
+// the main window. Long work reports its progress to gui_RunInBackground.
 #pragma once
 
 #include <QPointer>
-#include <QProgressDialog>
 #include <QString>
 
 #include <functional>
@@ -21,7 +20,6 @@ public:
 
     int ShowMessage(int id, const std::string& text, unsigned style) override;
     int ShowCaptionedMessage(int id, const std::string& text, const std::string& caption, unsigned style) override;
-    void Progress(const char* what, double done, double total) override;
     void ShowFrame(std::unique_ptr<CDocFrame> frame) override;
     std::string AskOpenFileName(const std::string& defaultExt, const std::string& filter) override;
 
@@ -29,9 +27,6 @@ public:
     void SetFrameSink(std::function<void(std::unique_ptr<CDocFrame>)> sink) { m_frameSink = std::move(sink); }
     // The window that message boxes and dialogs belong to.
     void SetParentWindow(QWidget* parent) { m_parent = parent; }
-
-    // True once the user cancelled the progress dialog of the work under way.
-    bool ProgressCancelled() const { return m_cancelled; }
 
     // A file filter of the form "Name (*.a)|*.a|Other|*.b||" as a Qt file
     // dialog takes it; "*.*" means every file.
@@ -42,6 +37,4 @@ private:
 
     QPointer<QWidget> m_parent;
     std::function<void(std::unique_ptr<CDocFrame>)> m_frameSink;
-    std::unique_ptr<QProgressDialog> m_progress;
-    bool m_cancelled = false;
 };

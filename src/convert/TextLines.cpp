@@ -26,6 +26,7 @@ int CTextLines::Open(const std::string& path) {
         if (!m_file) return IDS_OPEN_ERROR;
         m_owned = true;
     }
+    m_progress.Start(m_owned ? path : std::string());
     m_capacity = kBlock;
     m_buffer = std::make_unique<char[]>(m_capacity);
     m_cur = m_end = m_buffer.get();
@@ -36,6 +37,10 @@ int CTextLines::Open(const std::string& path) {
 // growing the buffer when one line fills it.
 bool CTextLines::Fill() {
     if (m_eof || !m_file) return false;
+    if (!m_progress.Report(m_read)) {
+        m_eof = m_failed = true;
+        return false;
+    }
     const std::size_t rest = static_cast<std::size_t>(m_end - m_cur);
     if (rest == m_capacity) {
         auto bigger = std::make_unique<char[]>(m_capacity * 2);
@@ -47,6 +52,7 @@ bool CTextLines::Fill() {
     }
     char* base = m_buffer.get();
     const std::size_t got = std::fread(base + rest, 1, m_capacity - rest, m_file);
+    m_read += static_cast<std::int64_t>(got);
     if (got < m_capacity - rest) {
         m_eof = true;
         m_failed = std::ferror(m_file) != 0;

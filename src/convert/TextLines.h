@@ -3,10 +3,13 @@
 // standard input.
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
+
+#include "framework/FileProgress.h"
 
 class CTextLines {
 public:
@@ -40,4 +43,6 @@ private:
     bool m_failed = false;
     bool m_open = false;
     long m_line = 0;
+    CFileProgress m_progress;
+    std::int64_t m_read = 0;  // bytes read from the file
 };

@@ -65,6 +65,7 @@ int CRecordReader::Open(const std::string& path) {
     Close();
     host_SetSubjectFile(path);
     if (!m_file.Open(path.c_str())) return plat_Exists(path.c_str()) ? IDS_OPEN_ERROR : IDS_NO_FILE_OPEN;
+    m_progress.Start(path);
     m_header = DataFileHeader{};
     // The header is a few hundred bytes at most, so the first block holds it.
     m_active = 0;
@@ -132,6 +133,12 @@ bool CRecordReader::Refill() {
     // new block's data.
     const std::size_t rest = static_cast<std::size_t>(m_lim - m_cur);
     const std::int64_t next = Tell() + static_cast<std::int64_t>(rest);
+    // Once a block the host hears how far the read has come; a stop asked
+    // for there ends the read as a read error would.
+    if (!m_progress.Report(next)) {
+        m_failed = true;
+        return false;
+    }
     const bool ready = m_ahead && m_aheadAt == next;
     if (m_ahead && !ready) m_file.WaitReadAhead();  // read for a place left since
     const int target = ready ? 1 - m_active : m_active;

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "datafile/DataFile.h"
+#include "framework/FileProgress.h"
 #include "platform/Files.h"
 
 static_assert(sizeof(double) == 8 && sizeof(float) == 4, "records are IEEE 754 pairs");
@@ -285,6 +286,7 @@ private:
     std::int64_t m_base = 0;        // file offset of m_origin[0]
     std::int64_t m_first = 0;       // the first record
     PlatReadFile m_file;            // after the blocks: closed, and its read-ahead waited for, first
+    CFileProgress m_progress;       // reported at each refill
     DataFileHeader m_header;
     std::ptrdiff_t m_size = 16;     // bytes per record
     bool m_isDouble = true;

@@ -71,7 +71,7 @@ public:
         Put(m_out[kServed], 0.0, 0.0);
         for (long events = 0;; ++events) {
             if ((events & 0xFFFF) == 0)
-                host_Get().Progress("Simulating", (rep - 1) + now / m_opt.horizon, m_opt.reps);
+                host_Get().Progress("Simulating", (rep - 1) + now / m_opt.horizon, m_opt.reps, ProgressUnit::Steps);
             now = std::min(nextArrival, nextDeparture);
             if (now > m_opt.horizon) break;
             if (nextArrival <= nextDeparture) {
@@ -158,7 +158,7 @@ int sample_Write(const std::string& folder, const SampleOptions& options) {
             double mark = rep == options.reps ? MARK_END : MARK_REPEND;
             for (Output& o : out) Put(o, -static_cast<double>(rep), mark);
         }
-        host_Get().Progress("Simulating", options.reps, options.reps);
+        host_Get().Progress("Simulating", options.reps, options.reps, ProgressUnit::Steps);
     }
     // Every file is whole before any replaces an earlier one.
     for (Output& o : out)

@@ -13,6 +13,9 @@ enum class DlgControl;
 enum : unsigned { MB_OK = 0x0, MB_YESNO = 0x4, MB_ICONQUESTION = 0x20 };
 enum : int { IDOK = 1, IDCANCEL = 2, IDYES = 6, IDNO = 7 };
 
+// What IHost::Progress counts.
+enum class ProgressUnit { Bytes, Steps };
+
 class IHost {
 public:
     virtual ~IHost() = default;
@@ -24,8 +27,14 @@ public:
     // Shows a message under a caption of its own. By default the caption is dropped.
     virtual int ShowCaptionedMessage(int id, const std::string& text, const std::string& caption, unsigned style);
 
-    // Reports progress of long work; done and total in any common unit.
-    virtual void Progress(const char* /*what*/, double /*done*/, double /*total*/) {}
+    // Reports progress of long work: done of total, in bytes of a file being
+    // read or in steps of other work. False when the user asked to stop: the
+    // work then ends as after a read error, and the host drops the messages
+    // and windows that follow it. Called about once per block read, so a
+    // host keeps its own pace of redrawing.
+    virtual bool Progress(const char* /*what*/, double /*done*/, double /*total*/, ProgressUnit /*unit*/) {
+        return true;
+    }
 
     // Runs a parameter dialog modally: a desktop host shows it and lets the
     // user edit until OK passes validation (dlg_ValidateOnOK) or Cancel; a

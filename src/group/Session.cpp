@@ -23,7 +23,9 @@ public:
     int ShowCaptionedMessage(int id, const std::string& text, const std::string& caption, unsigned style) override {
         return m_inner.ShowCaptionedMessage(id, text, caption, style);
     }
-    void Progress(const char* what, double done, double total) override { m_inner.Progress(what, done, total); }
+    bool Progress(const char* what, double done, double total, ProgressUnit unit) override {
+        return m_inner.Progress(what, done, total, unit);
+    }
     int RunDialog(CDialog& dlg) override {
         if (!m_fill(dlg)) return IDCANCEL;
         return dlg_ValidateOnOK(dlg) == 0 ? IDOK : IDCANCEL;
