@@ -23,11 +23,14 @@ void op_RangeScanBegin(RangeScan* scan, const double* bounds, const int* flags) 
     scan->valueHigh = -BIG_VALUE;
 }
 
+void op_RangeScanRun(RangeScan* scan, const double* times, const double* values, std::size_t count) {
+    // A copy the run's arrays cannot alias stays in registers.
+    RangeScan s = *scan;
+    for (std::size_t i = 0; i < count; ++i) op_RangeScanTake(&s, times[i], values[i]);
+    *scan = s;
+}
+
 int op_RangeScanRecords(RangeScan* scan, CRecordReader& in, int treatment) {
-    const bool fromTime = scan->flags[RANGE_TMIN] > 0;
-    const bool toTime = scan->flags[RANGE_TMAX] > 0;
-    const double from = scan->bounds[RANGE_TMIN];
-    const double to = scan->bounds[RANGE_TMAX];
     for (;;) {
         double t = 0.0, v = 0.0;
         if (!in.ReadRecord(&t, &v)) {
@@ -39,13 +42,75 @@ int op_RangeScanRecords(RangeScan* scan, CRecordReader& in, int treatment) {
             if (v == MARK_END || !WholeData(treatment)) break;
             continue;
         }
-        if (t < scan->timeLow) scan->timeLow = t;
-        if (t > scan->timeHigh) scan->timeHigh = t;
-        // An open time bound is the data's own extreme, which every record lies within.
-        if ((fromTime && t < from) || (toTime && t > to)) continue;
-        if (v < scan->valueLow) scan->valueLow = v;
-        if (v > scan->valueHigh) scan->valueHigh = v;
+        op_RangeScanTake(scan, t, v);
     }
+    return 0;
+}
+
+int op_ReadGraphSeries(CRecordReader& in, int treatment, RangeScan* scan, double stopAbove, std::size_t room,
+                       GraphArray* times, GraphArray* values, std::size_t* count) {
+    const bool whole = WholeData(treatment);
+    const bool stops = stopAbove < BIG_VALUE;
+    bool scanning = scan != nullptr;
+    bool loading = true;
+    std::size_t n = 0;
+    // Past the count the arrays are room the reader writes runs into; once
+    // the load has ended and the scan goes on, they are only that.
+    times->resize(room > 1024 ? room : 1024);
+    values->resize(times->size());
+    for (;;) {
+        if (n == times->size()) {
+            times->resize(2 * n);
+            values->resize(2 * n);
+        }
+        double* ts = times->data() + n;
+        double* vs = values->data() + n;
+        if (const std::size_t got = in.NextRun(ts, vs, times->size() - n)) {
+            if (scanning) op_RangeScanRun(scan, ts, vs, got);
+            std::size_t keep = loading ? got : 0;
+            if (loading && stops)
+                for (std::size_t i = 0; i < got; ++i)
+                    if (ts[i] > stopAbove) {
+                        keep = i;
+                        loading = false;
+                        break;
+                    }
+            n += keep;
+            if (!loading && !scanning) break;
+            continue;
+        }
+        // One record: a marker, a time that is not a number, or a record the
+        // block's end cut in two.
+        double t = 0.0, v = 0.0;
+        if (!in.ReadRecord(&t, &v)) {
+            if (scanning && in.Failed()) return IDS_READ_ERROR;
+            break;
+        }
+        if (scanning) {
+            if (!(t < 0.0))
+                op_RangeScanTake(scan, t, v);  // the scan takes a time that is not a number too
+            else if (v != MARK_SKIP && (v == MARK_END || !whole))
+                scanning = false;
+        }
+        if (loading) {
+            if (t >= 0.0) {
+                if (stops && t > stopAbove) {
+                    loading = false;
+                } else {
+                    (*times)[n] = t;
+                    (*values)[n] = v;
+                    ++n;
+                }
+            } else if (v != MARK_SKIP) {
+                // The replication the marker leads into, as op_ReadGraphRecord follows it.
+                const int rep = whole ? treatment : static_cast<int>(std::fmin(-t, 2e9)) + 1;
+                if (v == MARK_END || rep != treatment) loading = false;
+            }
+        }
+        if (scan && !scanning && loading) scan->loadBeyond = true;
+        if (!loading && !scanning) break;
+    }
+    *count = n;
     return 0;
 }
 

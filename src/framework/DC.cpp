@@ -15,6 +15,20 @@ bool CDC::LineTo(int x, int y) {
     return true;
 }
 
+bool CDC::PolylineTo(const CPoint* points, std::size_t count) {
+    if (count == 0) return true;
+    if (m_pen.style != PS_NULL) OnPolyline(m_pos, points, count);
+    m_pos = points[count - 1];
+    return true;
+}
+
+void CDC::OnPolyline(CPoint from, const CPoint* points, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        OnLine(from, points[i]);
+        from = points[i];
+    }
+}
+
 bool CDC::Rectangle(int x1, int y1, int x2, int y2) {
     CRect r{std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
     if (r.right > r.left && r.bottom > r.top) OnRectangle(r);

@@ -6,6 +6,7 @@
 // render and measure.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -86,6 +87,8 @@ public:
     // Draws from the current position to (x, y), excluding the end pixel, and
     // makes (x, y) current.
     bool LineTo(int x, int y);
+    // LineTo each point in turn, as GDI's PolylineTo does.
+    bool PolylineTo(const CPoint* points, std::size_t count);
     // Outline with the pen, inside filled with the brush; the corners may come in
     // any order and the right and bottom edges are not drawn.
     bool Rectangle(int x1, int y1, int x2, int y2);
@@ -114,6 +117,9 @@ public:
 
 protected:
     virtual void OnLine(CPoint from, CPoint to) = 0;
+    // Lines joined end to start, from `from` through the points (count > 0):
+    // one line at a time unless an implementation takes them faster.
+    virtual void OnPolyline(CPoint from, const CPoint* points, std::size_t count);
     // Normalised: left < right and top < bottom, right and bottom exclusive.
     virtual void OnRectangle(const CRect& rect) = 0;
     virtual void OnText(int x, int y, const std::string& text) = 0;

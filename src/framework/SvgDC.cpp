@@ -146,6 +146,12 @@ void CSvgDC::OnLine(CPoint from, CPoint to) {
     AddPoint(to);
 }
 
+void CSvgDC::OnPolyline(CPoint from, const CPoint* points, std::size_t count) {
+    OnLine(from, points[0]);
+    // Each further line starts where the last ended, in the same pen: only its end is new.
+    for (std::size_t i = 1; i < count; ++i) AddPoint(points[i]);
+}
+
 // Within one pixel column, joined lines cover the span between their lowest
 // and highest point; the column is entered and left at its first and last
 // point. Those four points draw the same pixels as every point of the run.

@@ -31,6 +31,7 @@ public:
 
 protected:
     void OnLine(CPoint from, CPoint to) override;
+    void OnPolyline(CPoint from, const CPoint* points, std::size_t count) override;
     void OnRectangle(const CRect& rect) override;
     void OnText(int x, int y, const std::string& text) override;
     CSize OnMeasure(const CFont& font, const std::string& text) override;

@@ -4,6 +4,7 @@
 // Only one graph is drawn at a time; the record is not re-entrant.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 
@@ -90,6 +91,39 @@ void DrawYTicks(CDC& dc);
 void DrawXTicks(CDC& dc);
 
 void MapToDevice(double x, double y, std::int16_t* outX, std::int16_t* outY);
+
+// MapToDevice for the many points of a curve: the layout read once and the
+// mapping inline, without branches, so that the points of a run go through it
+// side by side. MapToDevice is this mapping.
+class CDeviceMap {
+public:
+    explicit CDeviceMap(const GraphLayout& L)
+        : m_xMin(L.xMin), m_xMax(L.xMax), m_yMin(L.yMin), m_yMax(L.yMax), m_xPerUnit(L.xPerUnit),
+          m_yPerUnit(L.yPerUnit), m_left(L.left), m_bottom(L.bottom) {}
+
+    CPoint operator()(double x, double y) const {
+        return {Device(m_left + Steps(x, m_xMin, m_xMax, m_xPerUnit)),
+                Device(m_bottom - Steps(y, m_yMin, m_yMax, m_yPerUnit))};
+    }
+
+private:
+    // Whole steps of perUnit from lo to v clamped into [lo, hi], rounded half
+    // away from zero and held within +-2e9, as RoundHalfAway does (std::max
+    // and std::min keep a value that is not a number, as the clamps' ifs do).
+    static double Steps(double v, double lo, double hi, double perUnit) {
+        v = std::min(std::max(v, lo), hi);
+        const double u = (v - lo) * perUnit;
+        double r = u + (u >= 0.0 ? 0.5 : -0.5);
+        r = r == r ? std::min(std::max(r, -2e9), 2e9) : 0.0;
+        return static_cast<double>(static_cast<int>(r));  // cuts toward zero; 2e9 fits an int
+    }
+    // axis_To16 of a whole number.
+    static int Device(double v) { return static_cast<int>(std::min(std::max(v, -32768.0), 32767.0)); }
+
+    double m_xMin, m_xMax, m_yMin, m_yMax, m_xPerUnit, m_yPerUnit;
+    double m_left, m_bottom;
+};
+
 // Writes the label of one tick value into out (at least width + 3 bytes).
 void FormatAxisNumber(double value, int width, int decimals, bool isReal, char* out);
 int DecimalsForStep(double step, int exponentCode, int width);

@@ -46,13 +46,9 @@ int BreakAtSpace(const char* text, int maxLength) {
 }
 
 void MapToDevice(double x, double y, std::int16_t* outX, std::int16_t* outY) {
-    const GraphLayout& L = g_Layout;
-    if (x < L.xMin) x = L.xMin;
-    if (x > L.xMax) x = L.xMax;
-    if (y < L.yMin) y = L.yMin;
-    if (y > L.yMax) y = L.yMax;
-    *outX = axis_To16(static_cast<double>(RoundHalfAway((x - L.xMin) * L.xPerUnit)) + L.left);
-    *outY = axis_To16(L.bottom - static_cast<double>(RoundHalfAway((y - L.yMin) * L.yPerUnit)));
+    const CPoint p = CDeviceMap(g_Layout)(x, y);
+    *outX = static_cast<std::int16_t>(p.x);
+    *outY = static_cast<std::int16_t>(p.y);
 }
 
 void FormatAxisNumber(double value, int width, int decimals, bool isReal, char* out) {

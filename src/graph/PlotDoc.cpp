@@ -1,5 +1,7 @@
 #include "graph/PlotDoc.h"
 
+#include <limits>
+
 #include "datafile/GraphScan.h"
 #include "framework/Host.h"
 #include "framework/Messages.h"
@@ -10,15 +12,44 @@ CPlotDoc::CPlotDoc() {
     m_nMinFirstPane = 450;
 }
 
-bool CPlotDoc::IsInWindow(double t, double value) const {
-    return XMin() <= t && t <= XMax() && YMin() <= value && value <= YMax();
-}
-
 int CPlotDoc::ScanRange(double* bounds, const int* flags) {
-    std::vector<RangeSource> files;
-    for (const CPlotEntry& e : m_entries) files.push_back({e.m_strPath, e.m_nTreatment});
-    // The first file is this document's own: its scan also indexes it.
-    return op_ScanRangeFiles(files, bounds, flags, &Reader());
+    m_bWindowHoldsAll = false;
+    if (flags[0] > 0 && flags[1] > 0 && flags[2] > 0 && flags[3] > 0) return 0;  // nothing left open
+    RangeScan scan;
+    op_RangeScanBegin(&scan, bounds, flags);
+    const double all = std::numeric_limits<double>::infinity();
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        CPlotEntry& e = m_entries[i];
+        const bool whole = e.m_nTreatment == REP_LUMPED || e.m_nTreatment == REP_ALL;
+        if (i == 0) {
+            // The document's own file, open already: its replications are found on the way.
+            CRecordReader& in = Reader();
+            int rc = in.Seek(in.FirstRecord()) ? 0 : IDS_READ_ERROR;
+            if (!rc && !whole) rc = in.SeekRep(e.m_nTreatment);
+            if (!rc) rc = ReadPoints(&scan, all);
+            if (rc) return rc;
+            continue;
+        }
+        CRecordReader in;
+        int rc = in.Open(e.m_strPath);
+        if (rc == IDS_NO_FILE_OPEN) return IDS_FILE_NOT_FOUND;
+        if (!rc && !whole) rc = in.SeekRep(e.m_nTreatment);
+        if (!rc)
+            rc = op_ReadGraphSeries(in, e.m_nTreatment, &scan, all, RecordsLeft(e.m_strPath, in), &e.m_xValues,
+                                    &e.m_yValues, &e.m_nRead);
+        if (rc) return rc;
+        e.m_bRead = true;
+        if (whole) {
+            in.CountReps();
+            e.m_nLimit = 0;
+            for (const RepSpan& span : in.Index()) e.m_nLimit += static_cast<std::size_t>(span.obsCount);
+        } else {
+            e.m_nLimit = static_cast<std::size_t>(in.EntryObsCount(e.m_nTreatment));
+        }
+    }
+    op_RangeScanEnd(&scan, bounds);
+    ScanEnded(scan, flags);
+    return 0;
 }
 
 int CPlotDoc::InitFromDialog(CDialog& dialog) {
@@ -62,19 +93,19 @@ int CPlotDoc::InitFromDialog(CDialog& dialog) {
 }
 
 int CPlotDoc::LoadEntry(CPlotEntry& entry) {
+    if (entry.m_bRead) {
+        entry.m_nPoints = WindowPoints(entry.m_xValues, entry.m_yValues, entry.m_nRead, entry.m_nLimit);
+        entry.m_bRead = false;
+        entry.m_bLoaded = true;
+        return 0;
+    }
     CPlotDoc file;
     file.SetPathName(entry.m_strPath, false);
     if (!file.OnOpenDocument(entry.m_strPath.c_str())) return IDS_INVALID_DATA_FILE;
     file.m_nTreatment = entry.m_nTreatment;
     for (int i = 0; i < 4; ++i) file.m_range[i] = m_range[i];
     int rc = file.CheckTreatment();
-    if (!rc) {
-        int first = 0, count = 0;
-        file.GetRepRange(&first, &count);
-        file.m_xValues.assign(static_cast<std::size_t>(count) + 1, 0.0);
-        file.m_yValues.assign(static_cast<std::size_t>(count) + 1, 0.0);
-        rc = file.LoadGraphPoints();
-    }
+    if (!rc) rc = file.LoadGraphPoints();
     if (!rc) {
         entry.m_xValues = std::move(file.m_xValues);
         entry.m_yValues = std::move(file.m_yValues);

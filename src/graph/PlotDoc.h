@@ -10,10 +10,14 @@
 struct CPlotEntry {
     std::string m_strPath;
     int m_nTreatment = 1;
-    std::vector<double> m_xValues;
-    std::vector<double> m_yValues;
+    GraphArray m_xValues;
+    GraphArray m_yValues;
     long m_nPoints = 0;
     bool m_bLoaded = false;
+    // The range scan has read count points, at most limit of which are shown.
+    bool m_bRead = false;
+    std::size_t m_nRead = 0;
+    std::size_t m_nLimit = 0;
 };
 
 class CPlotDoc : public CGraphDoc {
@@ -25,7 +29,6 @@ public:
     // failure of a later file is shown here and ends loading, keeping the
     // files loaded before it.
     int InitFromDialog(CDialog& dlg) override;
-    bool IsInWindow(double t, double value) const override;
     CSingleDoc* CreateSibling() override { return new CPlotDoc; }
 
     std::string m_strYLabel;
@@ -33,11 +36,13 @@ public:
     std::string m_strGraphTitle;
     // Entry 0 is the document's own file, whose points are the document's arrays.
     std::vector<CPlotEntry> m_entries;
-    const std::vector<double>& EntryX(std::size_t i) const { return i == 0 ? m_xValues : m_entries[i].m_xValues; }
-    const std::vector<double>& EntryY(std::size_t i) const { return i == 0 ? m_yValues : m_entries[i].m_yValues; }
+    const GraphArray& EntryX(std::size_t i) const { return i == 0 ? m_xValues : m_entries[i].m_xValues; }
+    const GraphArray& EntryY(std::size_t i) const { return i == 0 ? m_yValues : m_entries[i].m_yValues; }
 
 protected:
+    // Reads every file once, taking the open bounds and the points together.
     int ScanRange(double* bounds, const int* flags) override;
+    bool WindowHasValues() const override { return true; }
 
 private:
     int LoadEntry(CPlotEntry& entry);

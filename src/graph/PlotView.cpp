@@ -47,34 +47,45 @@ int CPlotView::DrawGraph(CDC& dc) {
     if (!doc) return 0;
     DrawGraphFrame(dc, doc->Range(), doc->m_strXLabel, doc->m_strYLabel, doc->m_strGraphTitle, m_nGraphKind, &m_ticks);
     const double endTime = doc->XMax();
+    const CDeviceMap map(g_Layout);
     CPen oldPen = dc.GetCurrentPen();
+    // Points go to the device a buffer at a time: a curve may have millions.
+    constexpr std::size_t kBuffer = 1024;
+    CPoint buffer[kBuffer];
     for (std::size_t i = 0; i < doc->m_entries.size(); ++i) {
         const CPlotEntry& entry = doc->m_entries[i];
         if (!entry.m_bLoaded) continue;
-        const std::vector<double>& xs = doc->EntryX(i);
-        const std::vector<double>& ys = doc->EntryY(i);
+        const double* xs = doc->EntryX(i).data();
+        const double* ys = doc->EntryY(i).data();
+        const std::size_t size = doc->EntryX(i).size();
+        const bool single = SingleRep(entry.m_nTreatment);
         dc.SelectObject(CPen{plot_PenStyle(i), plot_PenWidth(g_Layout.scale), plot_Colour(i)});
         std::size_t k = 0;
-        while (k < xs.size() && xs[k] < 0.0 && ys[k] == MARK_SKIP) ++k;
+        while (k < size && xs[k] < 0.0 && ys[k] == MARK_SKIP) ++k;
         bool started = false;
-        for (; k < xs.size(); ++k) {
+        std::size_t held = 0;
+        for (; k < size; ++k) {
             double t = xs[k];
             double v = ys[k];
             if (t < 0.0) {
                 if (v == MARK_SKIP) continue;
-                if (v == MARK_END || SingleRep(entry.m_nTreatment)) break;
+                if (v == MARK_END || single) break;
                 continue;  // lumped and all join the replications
             }
-            std::int16_t x = 0, y = 0;
-            MapToDevice(t, v, &x, &y);
+            const CPoint p = map(t, v);
             if (!started) {
-                dc.MoveTo(x, y);
+                dc.MoveTo(p.x, p.y);
                 started = true;
             } else {
-                dc.LineTo(x, y);
+                buffer[held++] = p;
+                if (held == kBuffer) {
+                    dc.PolylineTo(buffer, held);
+                    held = 0;
+                }
             }
-            if (SingleRep(entry.m_nTreatment) && t > endTime) break;
+            if (single && t > endTime) break;
         }
+        dc.PolylineTo(buffer, held);
     }
     dc.SelectObject(oldPen);
     return 0;

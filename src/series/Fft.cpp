@@ -47,6 +47,11 @@ void CFft::ForwardReversed(double* re, double* im) const {
         re[i + 1] = ar - br;
         im[i + 1] = ai - bi;
     }
+    ForwardReversedPaired(re, im);
+}
+
+void CFft::ForwardReversedPaired(double* re, double* im) const {
+    const std::size_t n = m_size;
     if (n >= 4) {
         for (std::size_t i = 0; i < n; i += 4) {
             double ar = re[i], ai = im[i], br = re[i + 2], bi = im[i + 2];

@@ -26,6 +26,10 @@ public:
     // position Reversed(t). Filling so spares the permutation's scattered swaps.
     void ForwardReversed(double* re, double* im) const;
     std::size_t Reversed(std::size_t t) const { return m_reverse[t]; }
+    // ForwardReversed after its first stage: each pair of places 2j, 2j + 1
+    // already holds a + b and a - b. Where b is 0 (a zero padding on the odd
+    // places) that is a + 0.0 and a, which the filling can write at once.
+    void ForwardReversedPaired(double* re, double* im) const;
 
 private:
     // The butterflies of the stage with half-length h >= 4.

@@ -187,27 +187,28 @@ public:
 
 private:
     // Values from..to of the pair (to <= 2B), one loop per block. Bit
-    // reversal puts the zero padding of a block (positions B .. 2B - 1) on
-    // the odd places.
+    // reversal puts value t on an even place and the zero padding of a block
+    // (positions B .. 2B - 1) on the odd place after it, so the transform's
+    // first stage, x + 0 and x - 0, is done here.
     void PlaceRange(std::size_t from, std::size_t to, const double* values) {
         const std::size_t split = to < m_block ? to : m_block;
         double* re = m_re.data();
         for (std::size_t t = from; t < split; ++t, ++values) {
             const std::size_t r = m_fft.Reversed(t);
-            re[r] = *values;
-            re[r + 1] = 0.0;
+            re[r] = *values + 0.0;
+            re[r + 1] = *values - 0.0;
         }
         double* im = m_im.data();
         for (std::size_t t = (from > m_block ? from : m_block); t < to; ++t, ++values) {
             const std::size_t r = m_fft.Reversed(t - m_block);
-            im[r] = *values;
-            im[r + 1] = 0.0;
+            im[r] = *values + 0.0;
+            im[r + 1] = *values - 0.0;
         }
     }
 
     void TransformPair() {
         const std::size_t m = 2 * m_block;
-        m_fft.ForwardReversed(m_re.data(), m_im.data());
+        m_fft.ForwardReversedPaired(m_re.data(), m_im.data());
         Sums sums{m_re.data(), m_im.data(), m_power.data(), m_crossRe.data(), m_crossIm.data(),
                   m_prevRe.data(), m_prevIm.data()};
         // Frequency 0 pairs with itself; 1 .. B pair with m - 1 .. B, whole vectors.
@@ -270,9 +271,13 @@ void CLagProducts::Add(const double* values, std::size_t count) {
     m_engine->Add(values, count);
     m_count += static_cast<long>(count);
     if (m_head.size() < m_lags) m_head.insert(m_head.end(), values, values + std::min(count, m_lags - m_head.size()));
-    // Only the last L of this call can still be among the last L at the end.
-    const std::size_t keep = std::min(count, m_lags);
-    for (const double* v = values + (count - keep); v < values + count; ++v) {
+    if (count >= m_lags) {
+        // The last L of this call are the last L so far, oldest first.
+        m_tail.assign(values + (count - m_lags), values + count);
+        m_tailAt = 0;
+        return;
+    }
+    for (const double* v = values; v < values + count; ++v) {
         if (m_tail.size() < m_lags) {
             m_tail.push_back(*v);
         } else {

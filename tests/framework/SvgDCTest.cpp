@@ -101,6 +101,14 @@ TEST(SvgDC, ADenseCurveKeepsFourPointsAColumnAndTheSamePixels) {
     dc.MoveTo(all[0].first, all[0].second);
     for (std::size_t i = 1; i < all.size(); ++i) dc.LineTo(all[i].first, all[i].second);
     std::string svg = dc.Finish();
+    // Given in runs through PolylineTo, the same lines make the same document.
+    std::vector<CPoint> rest;
+    for (std::size_t i = 1; i < all.size(); ++i) rest.push_back({all[i].first, all[i].second});
+    CSvgDC runs(400, 600);
+    runs.MoveTo(all[0].first, all[0].second);
+    for (std::size_t at = 0; at < rest.size(); at += 777)
+        runs.PolylineTo(rest.data() + at, std::min<std::size_t>(777, rest.size() - at));
+    EXPECT_EQ(runs.Finish(), svg);
     std::vector<std::pair<int, int>> kept = PathPoints(svg);
     EXPECT_LE(kept.size(), 4u * 200);
     EXPECT_EQ(kept.front(), all.front());

@@ -32,16 +32,12 @@ protected:
         test_WriteDataFile(path, HeaderFields{},
                            test_Replications({{{1, 10}, {2, 20}, {-1, -2}, {3, 30}, {4, 40}}, {{1, 5}, {2, 6}}}));
     }
-    // Opens the file, sets treatment and window, sizes the arrays, loads.
+    // Opens the file, sets treatment and window, loads.
     int Load(CGraphDoc& doc, int treatment, double from, double to) {
         EXPECT_TRUE(doc.OnOpenDocument(path.c_str()));
         doc.m_nTreatment = treatment;
         doc.XMin() = from;
         doc.XMax() = to;
-        int first = 0, count = 0;
-        if (treatment < doc.RepIndexSize()) doc.GetRepRange(&first, &count);
-        doc.m_xValues.assign(count + 1, 0.0);
-        doc.m_yValues.assign(count + 1, 0.0);
         return doc.LoadGraphPoints();
     }
     TempDir dir;
@@ -137,8 +133,6 @@ TEST(PlotDocWindow, ValuesOutsideTheRangeAreLeftOut) {
     doc.XMax() = 10.0;
     doc.YMin() = 0.5;
     doc.YMax() = 5.0;
-    doc.m_xValues.assign(5, 0.0);
-    doc.m_yValues.assign(5, 0.0);
     ASSERT_EQ(doc.LoadGraphPoints(), 0);
     EXPECT_EQ(Points(doc), (std::vector<Point>{{1, 1}, {3, 2}, {4, 3}}));
 }
