@@ -75,7 +75,10 @@ int CopyPrefix(const std::string& path, std::int64_t bytes, COutputDataFile& out
         out.PutBytes(block.get(), got);
         done += static_cast<std::int64_t>(got);
         if (got < want) break;
-        host_Get().Progress("Appending", static_cast<double>(done), static_cast<double>(bytes));
+        // A stop asked for by the user ends the copy as a short read would.
+        if (!host_Get().Progress("Appending", static_cast<double>(done), static_cast<double>(bytes),
+                                 ProgressUnit::Bytes))
+            break;
     }
     std::fclose(in);
     return done == bytes ? 0 : IDS_READ_ERROR;
