@@ -41,9 +41,12 @@ CLI::App* Setup(CLI::App& app) {
     return sub;
 }
 
-int Run(CliIO&) {
-    // The graph is the only output of the text form.
-    if (!g_opt.svg.Any() && cli_Format() == ResultFormat::Text) throw CLI::RequiredError("--svg, --png or --pdf");
+int Run(CliIO& io) {
+    // The graph is the only output of the text form: a usage error as the parser gives it.
+    if (!g_opt.svg.Any() && cli_Format() == ResultFormat::Text) {
+        io.err << "--svg, --png or --pdf is required\nRun with --help for more information.\n";
+        return 2;
+    }
     std::vector<FileArg> files = g_opt.group.ParseFileArgs({g_opt.file});
     cli_Host().SetSvgOutput(&g_opt.svg);
     return cli_RunEntry<CBarchDlg>(g_OnBarchart, g_opt.group, [&](CBarchDlg& dlg) {

@@ -37,7 +37,7 @@ ResultRecord move_ResultRecord(const CMoveDoc& doc) {
     ResultValue curve = ResultValue::List();
     const std::size_t points = std::min(m.mser.curve.size(), MoveResults::kKeptSmoothed);
     for (std::size_t d = 0; d < points; ++d)
-        curve.Append(ResultValue::Object().Set("d", d).Set("value", m.mser.curve[d]));
+        curve.Append(ResultValue::Object().Set("d", static_cast<long>(d)).Set("value", m.mser.curve[d]));
     r.Set("mser_curve", std::move(curve));
     r.Set("mser_curve_omitted", m.mser.curve.size() > points);
     const bool errors = trailing && m.errors.count > 0;

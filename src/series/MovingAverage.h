@@ -8,10 +8,10 @@
 // i = w .. n, which is the forecast of Y(i+1).
 //
 // Only the window is held (a ring of 2w + 1 or w values), so a series of any
-// length streams through. The window sum slides by one addition and one
-// subtraction per point, both compensated (Neumaier's two-sum), so that the
-// error does not grow with n: a plain running sum over 10^7 points loses
-// digits at every step.
+// length streams through. The window sum slides by the difference of the
+// value entering and the one leaving, taken exactly (Knuth's two-sum) into a
+// compensated sum (Neumaier's), so that the error does not grow with n: a
+// plain running sum over 10^7 points loses digits at every step.
 #pragma once
 
 #include <cmath>
