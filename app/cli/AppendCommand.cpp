@@ -5,6 +5,7 @@
 #include "Command.h"
 #include "GroupArgs.h"
 #include "OptionChecks.h"
+#include "ResultFormat.h"
 #include "convert/ConvertDlgs.h"
 #include "group/Commands.h"
 
@@ -29,6 +30,7 @@ CLI::App* Setup(CLI::App& app) {
         ->type_name("REPS")
         ->default_str("All");
     g_opt.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     sub->footer(
         "A reinitialised DEST (flag Y) takes replications one by one (All or a number);\n"
         "one that is not takes the source lumped.");
@@ -47,5 +49,8 @@ int Run(CliIO&) {
 }
 
 CommandRegistrar g_reg(420, Setup, Run);
+
+DemoRegistrar g_demoAppend({740, "Append of the third day to the first two",
+                            {"append", "counter-day3.dat", "counter.dat"}, ""});
 
 }  // namespace

@@ -41,3 +41,7 @@ private:
     bool m_open = false;
     long m_line = 0;
 };
+
+// Shows the message of a text line that does not read, with its number (the
+// message's text is a format of one number); returns id.
+int conv_LineFailure(int id, long line);

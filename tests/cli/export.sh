@@ -169,6 +169,13 @@ cat >want <<'T'
 T
 "$oproc" append src.dat dest >out 2>err || fail "append: $(cat err)"
 diff want out >/dev/null || fail "append summary: $(diff want out)"
+# The same for scripts, once more onto the five.
+"$oproc" append src.dat dest.dat --format json >out 2>err || fail "append json: $(cat err)"
+python3 -c 'import json, sys
+d = json.load(open("out"))
+assert d["parameters"] == {"source": "src.dat", "destination": "dest.dat", "reps": "All"}, d
+r = d["results"]
+assert (r["replications_before"], r["replications_after"], r["records_appended"]) == (5, 8, 7), r' || fail "append json"
 
 # DIF: each treatment's table, read back by mkdata's DIF reader, which also
 # checks the header's counts; then by a spreadsheet, when one is installed.

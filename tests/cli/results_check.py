@@ -56,6 +56,8 @@ def make_data():
     subprocess.run([OPROC, "group", "add", "g.dgr", "waits.dat", "reps.dat", "noend.dat"], check=True,
                    stdout=subprocess.DEVNULL)
     tally_file("offset.dat", obs([1e9 + x for x in (1, 2, 3, 4, 5, 6, 7, 9, 8, 10, 12, 11)]) + END)
+    with open("pairs.txt", "w") as f:
+        f.write("0 1.5\n1 2.5\n\n2 3.5\n")
 
 
 # ---- number matching -------------------------------------------------------
@@ -231,7 +233,20 @@ def check_group(case, text, res):
         fail(case, "the files' lines differ from the listing")
 
 
+def conversion(labels):
+    """A conversion's summary: its labelled counts, and its files as parameters."""
+    def check(case, text, res):
+        check_labels(case, text, res, labels)
+    return check
+
+
+COPIED = {"Replications": "replications", "Observations": "observations", "Records": "records"}
+
 CHECKS = {
+    "export": conversion(COPIED),
+    "import": conversion(COPIED),
+    "load": conversion({"Lines Read": "lines", "Replications": "replications", "Observations": "observations"}),
+    "dif": conversion({"Replications": "replications", "Observations": "observations"}),
     "info": check_info,
     "group": check_group,
     "interval": rows(["mean", "sd", "half_width", "min", "max", "n"]),
@@ -274,6 +289,11 @@ CASES = [
     ["anova", "one.dat", "reps.dat@1", "offset.dat"],
     ["anova", "--unequal-variances", "waits.dat@1", "waits.dat@2"],
     ["anova", "one.dat"],
+    ["export", "reps.dat", "--out", "reps.dax"],
+    ["import", "reps.dax", "--out", "back.dat"],
+    ["load", "pairs.txt", "--out", "pairs.dat"],
+    ["dif", "reps.dat@All", "--out", "reps.dif"],
+    ["export", "noend.dat"],
 ]
 
 
