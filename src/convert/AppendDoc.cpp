@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 
 #include "convert/ConvertDlgs.h"
@@ -109,6 +110,12 @@ int CAppendDoc::Append(int treatment) {
     if (int rc = FindEnd(dest, &end)) return rc;
     const int isDouble = dest.IsDouble();
     dest.Close();
+    // The rename needs only the folder's permission: a write-protected
+    // destination is refused as an open for writing would be, and the new
+    // file takes the old one's permissions.
+    std::error_code ec;
+    const std::filesystem::perms perms = std::filesystem::status(m_results.destination, ec).permissions();
+    if (ec || (perms & std::filesystem::perms::owner_write) == std::filesystem::perms::none) return IDS_OPEN_ERROR;
 
     COutputDataFile out(m_results.destination);
     out.SetPrecision(isDouble);
@@ -136,7 +143,9 @@ int CAppendDoc::Append(int treatment) {
     m_results.repsBefore = end.reps;
     m_results.repsAfter = rep;
     m_results.records = m_results.observations + (rep - end.reps) + (end.close && !end.replaced ? 1 : 0);
-    return out.Commit();
+    if (int rc = out.Commit()) return rc;
+    std::filesystem::permissions(m_results.destination, perms, ec);
+    return 0;
 }
 
 ConversionSummary CAppendDoc::Summary() const {

@@ -155,6 +155,10 @@ cp dest.dat before.dat
 "$oproc" append src.dat dest.dat 2>err; [ $? -eq 1 ] && grep -qx "Files don't contain the same type of data" err \
     || fail "append across kinds: $(cat err)"
 cmp -s dest.dat before.dat || fail "append across kinds changed the destination"
+mk dest.dat 3 1 1 "0:1"
+chmod 444 dest.dat
+"$oproc" append src.dat dest.dat 2>err; [ $? -eq 1 ] && grep -q "Write-protected" err || fail "write-protected: $(cat err)"
+chmod 644 dest.dat
 cmp -s src.dat <(mk /dev/stdout 3 0 0 "0:0.5|1:1.5,2:2.5|3:3.5") || fail "append changed its source"
 # The summary: 2 + 3 replications; 4 observations and 3 markers appended.
 mk dest.dat 3 1 1 "0:1|2:3"
