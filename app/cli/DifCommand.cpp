@@ -33,7 +33,8 @@ CLI::App* Setup(CLI::App& app) {
 }
 
 int Run(CliIO& io) {
-    FileArg file = g_opt.group.ParseFileArg(g_opt.file);
+    // ParseFileArgs notes a file of several replications read as its first.
+    FileArg file = g_opt.group.ParseFileArgs({g_opt.file}).front();
     // The data and the results for scripts cannot share standard output.
     if (g_opt.out == "-" && cli_Format() != ResultFormat::Text)
         throw CLI::ValidationError("--format", "needs --out to name a file: the DIF file goes to standard output");
