@@ -23,7 +23,7 @@ CLI::App* Setup(CLI::App& app) {
     g_opt = Options{};
     CLI::App* sub = app.add_subcommand("append", "Append the replications of a data file to another of the same kind");
     sub->add_option("SRC", g_opt.source, "Data file appended (#N: of the --group); it is only read")->required();
-    sub->add_option("DEST", g_opt.dest, "Data file extended (.dat added when there is no extension)")->required();
+    sub->add_option("DEST", g_opt.dest, "Data file extended (.dat added when there is no extension; #N: of the --group)")->required();
     // Appending a whole run is the common case; a single replication is asked for.
     sub->add_option("--reps", g_opt.reps, "Replications of SRC: All (each its own), Lumped (all as one) or a number")
         ->check(cli_RepsText)
@@ -39,12 +39,13 @@ CLI::App* Setup(CLI::App& app) {
 
 int Run(CliIO&) {
     std::string source = g_opt.group.Resolve(g_opt.source);
+    std::string dest = g_opt.group.Resolve(g_opt.dest);
     // DEST is an argument: messages about it name the file.
     cli_Host().SetOutputOption(nullptr);
     return cli_RunEntry<CAppendDlg>(g_OnAppend, g_opt.group, [&](CAppendDlg& dlg) {
         dlg.m_strFile = source;
         dlg.m_strReps = g_opt.reps.empty() ? "All" : g_opt.reps;
-        dlg.m_strOutFile = g_opt.dest;
+        dlg.m_strOutFile = dest;
     });
 }
 
