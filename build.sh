@@ -51,7 +51,10 @@ cmake --build "$build_dir" -j"$(nproc)"
 what=${1:-build}
 [ $# -gt 0 ] && shift
 case "$what" in
-    demo) exec "$build_dir/oproc" demo "$@" ;;
+    demo)
+        "$build_dir/oproc" demo "$@"
+        # A spreadsheet, when one is installed, must read the demo's DIF file.
+        tools/dif_check.sh "${1:-oproc-demo}/waits.dif" "${1:-oproc-demo}/waits.dax" ;;
     gui) exec "$build_dir/oproc-gui" "$@" ;;
     test) exec ctest --test-dir "$build_dir" --output-on-failure -j"$(nproc)" ;;
     build) ;;

@@ -124,6 +124,18 @@ void WriteIndex(const std::vector<Shown>& shown) {
     html << "</body></html>\n";
 }
 
+// Measurements taken by hand, as a text file of time/value pairs, for the
+// load and append steps: service times at a counter (minute of the day the
+// service began, its length in minutes), one day per block.
+void WriteFieldData() {
+    std::ofstream("counter.txt") << "# Service times at the counter, minutes\n"
+                                    "# day 1\n"
+                                    "2.5 3.1\n7.0 4.6\n12.25 2.2\n15.5 5.8\n22.0 3.3\n26.75 4.1\n"
+                                    "\n# day 2: copied from a spreadsheet\n"
+                                    "1.0,2.9\n5.5,3.7\n9.75,6.2\n17.0,2.4\n20.5,3.9\n";
+    std::ofstream("counter-day3.txt") << "# day 3\n0.5\t4.4\n6.0\t3.0\n10.5\t5.1\n14.0\t2.7\n";
+}
+
 int Run(CliIO& io) {
     int rc = sample_Write(g_dir, g_sample);
     if (rc) {
@@ -131,6 +143,7 @@ int Run(CliIO& io) {
         return cli_Status(rc);
     }
     fs::current_path(g_dir);
+    WriteFieldData();
     io.out << "Sample data written to " << g_dir << "/\n";
     std::vector<Shown> shown;
     int worst = 0;

@@ -3,6 +3,7 @@
 // (the summary then goes to standard error).
 #include "Command.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "convert/ConvertDlgs.h"
 #include "group/Commands.h"
 
@@ -27,11 +28,16 @@ CLI::App* Setup(CLI::App& app) {
                     "DIF file (.dif added when there is no extension; default FILE with .dif; - standard output)");
     sub->add_option("--title", g_opt.title, "Title of the table (default the data file's title)");
     g_opt.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     return sub;
 }
 
 int Run(CliIO& io) {
-    FileArg file = g_opt.group.ParseFileArg(g_opt.file);
+    // ParseFileArgs notes a file of several replications read as its first.
+    FileArg file = g_opt.group.ParseFileArgs({g_opt.file}).front();
+    // The data and the results for scripts cannot share standard output.
+    if (g_opt.out == "-" && cli_Format() != ResultFormat::Text)
+        throw CLI::ValidationError("--format", "needs --out to name a file: the DIF file goes to standard output");
     if (g_opt.out == "-") cli_Host().SetReportStream(&io.err);
     return cli_RunEntry<CDiffDlg>(g_OnDiffile, g_opt.group, [&](CDiffDlg& dlg) {
         dlg.m_strFile = file.path;
@@ -42,5 +48,10 @@ int Run(CliIO& io) {
 }
 
 CommandRegistrar g_reg(405, Setup, Run);
+
+DemoRegistrar g_demoDif({750, "DIF spreadsheet file of the three days, a column each",
+                         {"dif", "counter.dat@All", "--out", "counter.dif"}, ""});
+DemoRegistrar g_demoDifWaits({760, "DIF spreadsheet file of the waits of replication 1",
+                              {"dif", "waits.dat", "--out", "waits.dif"}, ""});
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "Command.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "convert/ConvertDlgs.h"
 #include "group/Commands.h"
 
@@ -25,11 +26,15 @@ CLI::App* SetupExport(CLI::App& app) {
     sub->add_option("--out", g_export.out,
                     "Text file (.dax added when there is no extension; default FILE with .dax; - standard output)");
     g_export.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     return sub;
 }
 
 int RunExport(CliIO& io) {
     std::string file = g_export.group.Resolve(g_export.file);
+    // The data and the results for scripts cannot share standard output.
+    if (g_export.out == "-" && cli_Format() != ResultFormat::Text)
+        throw CLI::ValidationError("--format", "needs --out to name a file: the text goes to standard output");
     if (g_export.out == "-") cli_Host().SetReportStream(&io.err);
     return cli_RunEntry<CExprtDlg>(g_OnExport, g_export.group, [&](CExprtDlg& dlg) {
         dlg.m_strFile = file;
@@ -52,6 +57,7 @@ CLI::App* SetupImport(CLI::App& app) {
     sub->add_option("--out", g_import.out, "Data file (.dat added when there is no extension; default FILE with .dat)");
     CLI::Option* d = sub->add_flag("--double", g_import.isDouble, "Write 8-byte records (default: the setting)");
     sub->add_flag("--single", g_import.single, "Write 4-byte records")->excludes(d);
+    cli_AddFormatOption(sub);
     return sub;
 }
 

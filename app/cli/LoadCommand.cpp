@@ -2,6 +2,7 @@
 // a text file of time/value pairs into a data file ("-" reads standard input).
 #include "Command.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
 #include "convert/ConvertDlgs.h"
 #include "group/Commands.h"
 
@@ -28,6 +29,7 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--title", g_opt.title, "Title, up to 60 characters (default the text file's name)");
     CLI::Option* d = sub->add_flag("--double", g_opt.isDouble, "Write 8-byte records (default: the setting)");
     sub->add_flag("--single", g_opt.single, "Write 4-byte records")->excludes(d);
+    cli_AddFormatOption(sub);
     sub->footer(
         "Each line holds a time and a value, separated by blanks or tabs, or by one comma or semicolon;\n"
         "# starts a comment; a blank line or a line \"end\" closes a replication. Numbers take a decimal point.");
@@ -47,5 +49,11 @@ int Run(CliIO&) {
 }
 
 CommandRegistrar g_reg(430, Setup, Run);
+
+DemoRegistrar g_demoLoad({720, "Load of service times measured by hand, two days",
+                          {"load", "counter.txt", "--out", "counter.dat", "--title", "Service times at the counter"},
+                          ""});
+DemoRegistrar g_demoLoad3({730, "Load of a third day's measurements",
+                           {"load", "counter-day3.txt", "--out", "counter-day3.dat"}, ""});
 
 }  // namespace

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 
 #include "convert/ConvertDlgs.h"
 #include "datafile/OutputDataFile.h"
 #include "datafile/RepChecks.h"
-#include "dialog/DataFileCheck.h"
 #include "framework/Host.h"
 #include "framework/Messages.h"
 #include "platform/Files.h"
@@ -94,13 +94,8 @@ int CAppendDoc::InitFromDialog(CDialog& dialog) {
     m_results.destination = dlg->m_strOutFile;
     m_results.reps = dlg->m_strReps;
     if (m_results.destination.empty()) return IDS_DEST_NOT_SPECIFIED;
-    if (dlg_SameFileName(m_results.destination, m_results.source)) return IDS_SAME_OUTPUT_FILE;
-    int treatment = 1;
-    if (int rc = rep_CheckTreatmentText(dlg->m_strReps, &treatment)) return rc;
-    SetPathName(dlg->m_strFile, false);
-    if (!OnOpenDocument(dlg->m_strFile.c_str())) return -1;
-    m_nTreatment = treatment;
-    return Append(treatment);
+    if (int rc = conv_OpenSource(*this, *dlg, m_results.destination)) return rc;
+    return Append(m_nTreatment);
 }
 
 int CAppendDoc::Append(int treatment) {
@@ -118,6 +113,12 @@ int CAppendDoc::Append(int treatment) {
     if (int rc = FindEnd(dest, &end)) return rc;
     const int isDouble = dest.IsDouble();
     dest.Close();
+    // The rename needs only the folder's permission: a write-protected
+    // destination is refused as an open for writing would be, and the new
+    // file takes the old one's permissions.
+    std::error_code ec;
+    const std::filesystem::perms perms = std::filesystem::status(m_results.destination, ec).permissions();
+    if (ec || (perms & std::filesystem::perms::owner_write) == std::filesystem::perms::none) return IDS_OPEN_ERROR;
 
     COutputDataFile out(m_results.destination);
     out.SetPrecision(isDouble);
@@ -145,5 +146,16 @@ int CAppendDoc::Append(int treatment) {
     m_results.repsBefore = end.reps;
     m_results.repsAfter = rep;
     m_results.records = m_results.observations + (rep - end.reps) + (end.close && !end.replaced ? 1 : 0);
-    return out.Commit();
+    if (int rc = out.Commit()) return rc;
+    std::filesystem::permissions(m_results.destination, perms, ec);
+    return 0;
+}
+
+ConversionSummary CAppendDoc::Summary() const {
+    return ConversionSummary(IDS_APPEND_SUMMARY, m_results.source, m_results.destination)
+        .Text(0, "reps", m_results.reps, true)
+        .Count(IDS_REPS_BEFORE, "replications_before", m_results.repsBefore)
+        .Count(IDS_REPS_AFTER, "replications_after", m_results.repsAfter)
+        .Count(IDS_RECORDS_APPENDED, "records_appended", m_results.records)
+        .Count(0, "observations_appended", m_results.observations);
 }

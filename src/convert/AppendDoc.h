@@ -10,6 +10,7 @@
 
 #include <string>
 
+#include "convert/ConvertSummary.h"
 #include "datafile/SingleDoc.h"
 
 // The result record of an append.
@@ -23,7 +24,7 @@ struct AppendResults {
     long records = 0;       // records the destination gained: the observations and one marker per replication
 };
 
-class CAppendDoc : public CSingleDoc {
+class CAppendDoc : public CSingleDoc, public CConversion {
 public:
     // Takes a validated CAppendDlg and rewrites the destination. 0, -1 when
     // the source could not be opened (its message shown), or a message id;
@@ -31,6 +32,7 @@ public:
     int InitFromDialog(CDialog& dlg) override;
 
     const AppendResults& Results() const { return m_results; }
+    ConversionSummary Summary() const override;
 
 private:
     int Append(int treatment);

@@ -55,6 +55,16 @@ DlgField OutputField(const char* label, std::string& name, std::string filter) {
 
 }  // namespace
 
+int conv_OpenSource(CSingleDoc& doc, const CBaseDlg& dlg, const std::string& output) {
+    if (dlg_SameFileName(output, dlg.m_strFile)) return IDS_SAME_OUTPUT_FILE;
+    int treatment = 1;
+    if (int rc = rep_CheckTreatmentText(dlg.m_strReps, &treatment)) return rc;
+    doc.SetPathName(dlg.m_strFile, false);
+    if (!doc.OnOpenDocument(dlg.m_strFile.c_str())) return -1;
+    doc.m_nTreatment = treatment;
+    return 0;
+}
+
 std::string conv_DefaultOutput(const std::string& source, const char* ext) {
     if (source.empty() || source == "-") return {};
     return std::filesystem::path(source).replace_extension(ext).string();

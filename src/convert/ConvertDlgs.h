@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "datafile/FileGlobals.h"
+#include "datafile/SingleDoc.h"
 #include "dialog/FileDialogs.h"
 
 // Export: a data file to text.
@@ -63,6 +64,12 @@ public:
     // The text file, the data file, its kind, identifier, title and precision.
     std::vector<DlgField> Fields() override;
 };
+
+// Opens the data file that a conversion reads under a treatment (the
+// dialog's file and replications) as doc, whose treatment it sets. 0, -1
+// when the open failed (its message shown), or a message id: 15925 when the
+// output is the source itself.
+int conv_OpenSource(CSingleDoc& doc, const CBaseDlg& dlg, const std::string& output);
 
 // The output name a conversion writes when the dialog names none: the
 // source's path with ext in place of its extension; empty for "-".

@@ -7,8 +7,6 @@
 #include "convert/ConvertDlgs.h"
 #include "convert/TextNumbers.h"
 #include "convert/TextOutput.h"
-#include "datafile/RepChecks.h"
-#include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
 
 namespace {
@@ -79,16 +77,12 @@ int CDiffDoc::InitFromDialog(CDialog& dialog) {
     m_results.source = dlg->m_strFile;
     m_results.destination = dlg->m_strOutFile.empty() ? conv_DefaultOutput(dlg->m_strFile, "dif") : dlg->m_strOutFile;
     m_results.reps = dlg->m_strReps;
-    if (dlg_SameFileName(m_results.destination, m_results.source)) return IDS_SAME_OUTPUT_FILE;
-    int treatment = 1;
-    if (int rc = rep_CheckTreatmentText(dlg->m_strReps, &treatment)) return rc;
-    SetPathName(dlg->m_strFile, false);
-    if (!OnOpenDocument(dlg->m_strFile.c_str())) return -1;
-    m_nTreatment = treatment;
-    return Write(treatment, dlg->m_strTitle.empty() ? m_strTitle : dlg->m_strTitle);
+    if (int rc = conv_OpenSource(*this, *dlg, m_results.destination)) return rc;
+    m_results.title = dlg->m_strTitle.empty() ? m_strTitle : dlg->m_strTitle;
+    return Write(m_nTreatment);
 }
 
-int CDiffDoc::Write(int treatment, const std::string& title) {
+int CDiffDoc::Write(int treatment) {
     // The header counts the rows, so the observations are read first.
     CRecordReader& in = Reader();
     if (int rc = in.Start(treatment)) return rc;
@@ -115,7 +109,7 @@ int CDiffDoc::Write(int treatment, const std::string& title) {
     CTextOutput out(m_results.destination);
     if (int rc = out.Open()) return rc;
     DifWriter dif(out, !m_nIsDouble);
-    dif.Header("TABLE", 1, title);
+    dif.Header("TABLE", 1, m_results.title);
     dif.Header("VECTORS", m_results.columns, "");
     dif.Header("TUPLES", m_results.rows, "");
     dif.Header("DATA", 0, "");
@@ -145,4 +139,14 @@ int CDiffDoc::Write(int treatment, const std::string& title) {
     }
     dif.End();
     return out.Commit();
+}
+
+ConversionSummary CDiffDoc::Summary() const {
+    return ConversionSummary(IDS_DIF_SUMMARY, m_results.source, m_results.destination)
+        .Text(0, "reps", m_results.reps, true)
+        .Text(0, "title", m_results.title, true)
+        .Count(IDS_REPLICATIONS, "replications", m_results.replications)
+        .Count(IDS_OBSERVATIONS, "observations", m_results.observations)
+        .Count(0, "columns", m_results.columns)
+        .Count(0, "rows", m_results.rows);
 }

@@ -11,6 +11,7 @@
 
 #include <string>
 
+#include "convert/ConvertSummary.h"
 #include "datafile/SingleDoc.h"
 
 // The result record of a DIF conversion.
@@ -18,13 +19,14 @@ struct DiffResults {
     std::string source;
     std::string destination;  // "-": standard output
     std::string reps;         // the treatment as the user wrote it
+    std::string title;        // the table's
     int replications = 0;     // replications written
     long observations = 0;    // observations written
     long columns = 0;         // the table's vectors
     long rows = 0;            // its tuples, the headings included
 };
 
-class CDiffDoc : public CSingleDoc {
+class CDiffDoc : public CSingleDoc, public CConversion {
 public:
     // Takes a validated CDiffDlg, opens the data file and writes the DIF
     // file. 0, -1 when the open failed (its message shown), or a message id;
@@ -32,9 +34,10 @@ public:
     int InitFromDialog(CDialog& dlg) override;
 
     const DiffResults& Results() const { return m_results; }
+    ConversionSummary Summary() const override;
 
 private:
-    int Write(int treatment, const std::string& title);
+    int Write(int treatment);
 
     DiffResults m_results;
 };

@@ -33,8 +33,6 @@ int CExprtDoc::Write() {
     const bool single = !h.isDouble;
     CRecordReader& in = Reader();
     char line[2 * kNumberTextMax + 2];
-    bool ended = false;
-    bool open = false;  // observations since the last closing marker
     double t, v;
     while (in.ReadRecord(&t, &v)) {
         std::size_t n = conv_FormatNumber(line, t, single);
@@ -42,21 +40,18 @@ int CExprtDoc::Write() {
         n += conv_FormatNumber(line + n, v, single);
         line[n++] = '\n';
         out.Write(line, n);
-        ++m_results.records;
-        if (t <= MARK_END) {
-            if (v == MARK_SKIP) continue;
-            ++m_results.replications;
-            ended = v == MARK_END;
-            open = false;
-        } else {
-            ++m_results.observations;
-            open = true;
-        }
+        m_results.copied.Add(t, v);
     }
     if (in.Failed()) return IDS_READ_ERROR;
-    // A file cut short is not exported as if whole; batch output may end so.
-    if (!ended && h.kind != KIND_FILTERED) return IDS_END_OF_FILE;
-    // Batch output ends its last replication with the file.
-    if (!ended && open) ++m_results.replications;
+    // A file cut short is not exported as if whole.
+    if (!m_results.copied.Whole(h.kind)) return IDS_END_OF_FILE;
     return out.Commit();
+}
+
+ConversionSummary CExprtDoc::Summary() const {
+    const RecordTally& c = m_results.copied;
+    return ConversionSummary(IDS_EXPORT_SUMMARY, m_results.source, m_results.destination)
+        .Count(IDS_REPLICATIONS, "replications", c.replications)
+        .Count(IDS_OBSERVATIONS, "observations", c.observations)
+        .Count(IDS_RECORDS, "records", c.records);
 }

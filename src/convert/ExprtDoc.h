@@ -5,19 +5,17 @@
 
 #include <string>
 
+#include "convert/ConvertSummary.h"
 #include "datafile/SingleDoc.h"
 
-// The result record of an export: what its summary and any other writer of
-// results read.
+// The result record of an export.
 struct ExportResults {
     std::string source;
     std::string destination;  // "-": standard output
-    int replications = 0;     // closing markers
-    long observations = 0;
-    long records = 0;         // every record written, markers included
+    RecordTally copied;
 };
 
-class CExprtDoc : public CSingleDoc {
+class CExprtDoc : public CSingleDoc, public CConversion {
 public:
     // Takes a validated CExprtDlg, opens the data file and writes the text.
     // 0, -1 when the open failed (its message shown), or a message id; on a
@@ -25,6 +23,7 @@ public:
     int InitFromDialog(CDialog& dlg) override;
 
     const ExportResults& Results() const { return m_results; }
+    ConversionSummary Summary() const override;
 
 private:
     int Write();

@@ -62,11 +62,6 @@ std::string TrimBoth(const char* text) {
     return std::string(s);
 }
 
-int LineFailure(int id, long line) {
-    AfxMessageBox(id, msg_Format(id, line));
-    return id;
-}
-
 }  // namespace
 
 int CImprtDoc::InitFromDialog(CDialog& dialog) {
@@ -89,16 +84,16 @@ int CImprtDoc::InitFromDialog(CDialog& dialog) {
     for (int i = 1; i <= kHeaderLines; ++i) {
         if (!in.Next(&line) || in.LastLineOpen()) {
             if (in.Failed()) return IDS_READ_ERROR;
-            return LineFailure(IDS_LINE_BAD_HEADER, i);
+            return conv_LineFailure(IDS_LINE_BAD_HEADER, i);
         }
         if (line.size() > kHeaderLineMax || (i == 2 && !CountsLineValid(line)))
-            return LineFailure(IDS_LINE_BAD_HEADER, i);
+            return conv_LineFailure(IDS_LINE_BAD_HEADER, i);
         header.append(line).push_back('\n');
     }
     DataFileHeader h;
     std::size_t used = 0;
     if (op_ParseExportHdr(header.data(), header.size(), &h, &used) || h.kind < KIND_DSTAT || h.kind > KIND_FREQUENCY)
-        return LineFailure(IDS_LINE_BAD_HEADER, 1);
+        return conv_LineFailure(IDS_LINE_BAD_HEADER, 1);
     // The export header's type text is right-aligned; the data file's is left-aligned.
     const std::string type = TrimBoth(h.type);
     std::strncpy(h.type, type.c_str(), sizeof h.type - 1);
@@ -111,28 +106,24 @@ int CImprtDoc::InitFromDialog(CDialog& dialog) {
     m_results.kind = h.kind;
     m_results.isDouble = isDouble;
 
-    bool ended = false;
-    bool open = false;  // observations since the last closing marker
     while (in.Next(&line)) {
         double t, v;
-        if (!ParseRecord(line, !isDouble, &t, &v)) return LineFailure(IDS_LINE_NOT_A_PAIR, in.LineNumber());
-        if (in.LastLineOpen()) return LineFailure(IDS_TEXT_CUT_SHORT, in.LineNumber());
+        if (!ParseRecord(line, !isDouble, &t, &v)) return conv_LineFailure(IDS_LINE_NOT_A_PAIR, in.LineNumber());
+        if (in.LastLineOpen()) return conv_LineFailure(IDS_TEXT_CUT_SHORT, in.LineNumber());
         out.Put(t, v);
-        ++m_results.records;
-        if (t <= MARK_END) {
-            if (v == MARK_SKIP) continue;
-            ++m_results.replications;
-            ended = v == MARK_END;
-            open = false;
-        } else {
-            ++m_results.observations;
-            open = true;
-        }
+        m_results.copied.Add(t, v);
     }
     if (in.Failed()) return IDS_READ_ERROR;
-    // Only batch output may end without its end marker: anything else was cut.
-    if (!ended && h.kind != KIND_FILTERED) return LineFailure(IDS_TEXT_CUT_SHORT, in.LineNumber());
-    // Batch output ends its last replication with the file.
-    if (!ended && open) ++m_results.replications;
+    if (!m_results.copied.Whole(h.kind)) return conv_LineFailure(IDS_TEXT_CUT_SHORT, in.LineNumber());
     return out.Commit();
+}
+
+ConversionSummary CImprtDoc::Summary() const {
+    const RecordTally& c = m_results.copied;
+    return ConversionSummary(IDS_IMPORT_SUMMARY, m_results.source, m_results.destination)
+        .Kind(m_results.kind)
+        .Precision(m_results.isDouble)
+        .Count(IDS_REPLICATIONS, "replications", c.replications)
+        .Count(IDS_OBSERVATIONS, "observations", c.observations)
+        .Count(IDS_RECORDS, "records", c.records);
 }

@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "convert/ConvertSummary.h"
 #include "datafile/SingleDoc.h"
 
 // The result record of an import.
@@ -14,18 +15,17 @@ struct ImportResults {
     std::string destination;
     int kind = 0;
     int isDouble = 1;
-    int replications = 0;
-    long observations = 0;
-    long records = 0;
+    RecordTally copied;
 };
 
-class CImprtDoc : public CBaseFileDoc {
+class CImprtDoc : public CBaseFileDoc, public CConversion {
 public:
     // Takes a validated CImprtDlg and writes the data file. 0 or a message id
     // (a damaged line's message has been shown with its number).
     int InitFromDialog(CDialog& dlg) override;
 
     const ImportResults& Results() const { return m_results; }
+    ConversionSummary Summary() const override;
 
 private:
     ImportResults m_results;

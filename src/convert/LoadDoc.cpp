@@ -62,11 +62,6 @@ LineKind Classify(std::string_view line, bool single, double* t, double* v) {
     return LineKind::Pair;
 }
 
-int LineFailure(int id, long line) {
-    AfxMessageBox(id, msg_Format(id, line));
-    return id;
-}
-
 }  // namespace
 
 int CLoadDoc::InitFromDialog(CDialog& dialog) {
@@ -80,6 +75,8 @@ int CLoadDoc::InitFromDialog(CDialog& dialog) {
     SetTitle(name);
     const std::string ident = (dlg->m_strIdent.empty() ? name : dlg->m_strIdent).substr(0, kIdentMax);
     const std::string title = (dlg->m_strTitle.empty() ? name : dlg->m_strTitle).substr(0, kTitleMax);
+    m_results.ident = ident;
+    m_results.title = title;
 
     CTextLines in;
     if (int rc = in.Open(m_results.source)) return rc;
@@ -122,9 +119,9 @@ int CLoadDoc::InitFromDialog(CDialog& dialog) {
                 open = false;
                 break;
             case LineKind::Skip: break;
-            case LineKind::Bad: return LineFailure(IDS_LINE_NOT_A_PAIR, in.LineNumber());
-            case LineKind::DecimalComma: return LineFailure(IDS_LINE_DECIMAL_COMMA, in.LineNumber());
-            case LineKind::NegativeTime: return LineFailure(IDS_LINE_NEGATIVE_TIME, in.LineNumber());
+            case LineKind::Bad: return conv_LineFailure(IDS_LINE_NOT_A_PAIR, in.LineNumber());
+            case LineKind::DecimalComma: return conv_LineFailure(IDS_LINE_DECIMAL_COMMA, in.LineNumber());
+            case LineKind::NegativeTime: return conv_LineFailure(IDS_LINE_NEGATIVE_TIME, in.LineNumber());
         }
     }
     if (in.Failed()) return IDS_READ_ERROR;
@@ -133,4 +130,15 @@ int CLoadDoc::InitFromDialog(CDialog& dialog) {
     out.Put(-static_cast<double>(reps), MARK_END);
     m_results.replications = reps;
     return out.Commit();
+}
+
+ConversionSummary CLoadDoc::Summary() const {
+    return ConversionSummary(IDS_LOAD_SUMMARY, m_results.source, m_results.destination)
+        .Text(0, "identifier", m_results.ident, true)
+        .Text(0, "title", m_results.title, true)
+        .Kind(m_results.kind)
+        .Precision(m_results.isDouble)
+        .Count(IDS_LINES_READ, "lines", m_results.lines)
+        .Count(IDS_REPLICATIONS, "replications", m_results.replications)
+        .Count(IDS_OBSERVATIONS, "observations", m_results.observations);
 }

@@ -7,12 +7,15 @@
 
 #include <string>
 
+#include "convert/ConvertSummary.h"
 #include "datafile/SingleDoc.h"
 
 // The result record of a load.
 struct LoadResults {
     std::string source;       // "-": standard input
     std::string destination;
+    std::string ident;        // as written into the header
+    std::string title;
     int kind = 0;
     int isDouble = 1;
     long lines = 0;
@@ -20,13 +23,14 @@ struct LoadResults {
     long observations = 0;
 };
 
-class CLoadDoc : public CBaseFileDoc {
+class CLoadDoc : public CBaseFileDoc, public CConversion {
 public:
     // Takes a validated CLoadDlg and writes the data file. 0 or a message id
     // (a bad line's message has been shown with its number).
     int InitFromDialog(CDialog& dlg) override;
 
     const LoadResults& Results() const { return m_results; }
+    ConversionSummary Summary() const override;
 
 private:
     LoadResults m_results;

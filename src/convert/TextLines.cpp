@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "framework/Host.h"
 #include "framework/Messages.h"
 #include "platform/Files.h"
 
@@ -83,4 +84,9 @@ bool CTextLines::Next(std::string_view* line) {
     m_cur = nl + 1;
     ++m_line;
     return true;
+}
+
+int conv_LineFailure(int id, long line) {
+    AfxMessageBox(id, msg_Format(id, line));
+    return id;
 }

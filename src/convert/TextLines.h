@@ -46,3 +46,7 @@ private:
     CFileProgress m_progress;
     std::int64_t m_read = 0;  // bytes read from the file
 };
+
+// Shows the message of a text line that does not read, with its number (the
+// message's text is a format of one number); returns id.
+int conv_LineFailure(int id, long line);

@@ -155,6 +155,10 @@ cp dest.dat before.dat
 "$oproc" append src.dat dest.dat 2>err; [ $? -eq 1 ] && grep -qx "Files don't contain the same type of data" err \
     || fail "append across kinds: $(cat err)"
 cmp -s dest.dat before.dat || fail "append across kinds changed the destination"
+mk dest.dat 3 1 1 "0:1"
+chmod 444 dest.dat
+"$oproc" append src.dat dest.dat 2>err; [ $? -eq 1 ] && grep -q "Write-protected" err || fail "write-protected: $(cat err)"
+chmod 644 dest.dat
 cmp -s src.dat <(mk /dev/stdout 3 0 0 "0:0.5|1:1.5,2:2.5|3:3.5") || fail "append changed its source"
 # The summary: 2 + 3 replications; 4 observations and 3 markers appended.
 mk dest.dat 3 1 1 "0:1|2:3"
@@ -169,6 +173,13 @@ cat >want <<'T'
 T
 "$oproc" append src.dat dest >out 2>err || fail "append: $(cat err)"
 diff want out >/dev/null || fail "append summary: $(diff want out)"
+# The same for scripts, once more onto the five.
+"$oproc" append src.dat dest.dat --format json >out 2>err || fail "append json: $(cat err)"
+python3 -c 'import json, sys
+d = json.load(open("out"))
+assert d["parameters"] == {"source": "src.dat", "destination": "dest.dat", "reps": "All"}, d
+r = d["results"]
+assert (r["replications_before"], r["replications_after"], r["records_appended"]) == (5, 8, 7), r' || fail "append json"
 
 # DIF: each treatment's table, read back by mkdata's DIF reader, which also
 # checks the header's counts; then by a spreadsheet, when one is installed.

@@ -56,6 +56,8 @@ def make_data():
     subprocess.run([OPROC, "group", "add", "g.dgr", "waits.dat", "reps.dat", "noend.dat"], check=True,
                    stdout=subprocess.DEVNULL)
     tally_file("offset.dat", obs([1e9 + x for x in (1, 2, 3, 4, 5, 6, 7, 9, 8, 10, 12, 11)]) + END)
+    with open("pairs.txt", "w") as f:
+        f.write("0 1.5\n1 2.5\n\n2 3.5\n")
 
 
 # ---- number matching -------------------------------------------------------
@@ -285,8 +287,20 @@ def check_barchart(case, text, res):
     if abs(res["mean_of_bars"] - sum(heights) / len(heights)) > 1e-12 * abs(res["mean_of_bars"]):
         fail(case, f"mean_of_bars {res['mean_of_bars']!r}")
 
+def conversion(labels):
+    """A conversion's summary: its labelled counts, and its files as parameters."""
+    def check(case, text, res):
+        check_labels(case, text, res, labels)
+    return check
+
+
+COPIED = {"Replications": "replications", "Observations": "observations", "Records": "records"}
 
 CHECKS = {
+    "export": conversion(COPIED),
+    "import": conversion(COPIED),
+    "load": conversion({"Lines Read": "lines", "Replications": "replications", "Observations": "observations"}),
+    "dif": conversion({"Replications": "replications", "Observations": "observations"}),
     "info": check_info,
     "group": check_group,
     "interval": rows(["mean", "sd", "half_width", "min", "max", "n"]),
@@ -345,6 +359,11 @@ CASES = [
     ["barchart", "waits.dat@All", "--svg", "bars.svg"],
     ["barchart", "queue.dat@1", "--to", "50", "--svg", "bars.svg"],
     ["barchart", "missing.dat", "--svg", "bars.svg"],
+    ["export", "reps.dat", "--out", "reps.dax"],
+    ["import", "reps.dax", "--out", "back.dat"],
+    ["load", "pairs.txt", "--out", "pairs.dat"],
+    ["dif", "reps.dat@All", "--out", "reps.dif"],
+    ["export", "noend.dat"],
 ]
 
 
