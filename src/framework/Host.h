@@ -35,6 +35,10 @@ public:
     virtual bool Progress(const char* /*what*/, double /*done*/, double /*total*/, ProgressUnit /*unit*/) {
         return true;
     }
+    // Progress in bytes, the common case.
+    bool Progress(const char* what, double done, double total) {
+        return Progress(what, done, total, ProgressUnit::Bytes);
+    }
 
     // Runs a parameter dialog modally: a desktop host shows it and lets the
     // user edit until OK passes validation (dlg_ValidateOnOK) or Cancel; a
