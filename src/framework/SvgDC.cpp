@@ -1,5 +1,6 @@
 #include "framework/SvgDC.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -148,8 +149,26 @@ void CSvgDC::OnLine(CPoint from, CPoint to) {
 
 void CSvgDC::OnPolyline(CPoint from, const CPoint* points, std::size_t count) {
     OnLine(from, points[0]);
-    // Each further line starts where the last ended, in the same pen: only its end is new.
-    for (std::size_t i = 1; i < count; ++i) AddPoint(points[i]);
+    // Each further line starts where the last ended, in the same pen: only its
+    // end is new. The points that stay in the open column, most of a dense
+    // curve's, only move its extremes: that run is taken in a tight loop.
+    std::size_t i = 1;
+    while (i < count) {
+        const std::size_t first = i;
+        int low = m_col.low, high = m_col.high;
+        for (; i < count && m_col.open && points[i].x == m_col.x; ++i) {
+            low = std::min(low, points[i].y);
+            high = std::max(high, points[i].y);
+        }
+        if (i > first) {
+            m_col.low = low;
+            m_col.high = high;
+            m_col.count += static_cast<long>(i - first);
+            m_col.last = points[i - 1].y;
+            m_last = points[i - 1];
+        }
+        if (i < count) AddPoint(points[i++]);
+    }
 }
 
 // Within one pixel column, joined lines cover the span between their lowest

@@ -110,18 +110,21 @@ private:
     // Whole steps of perUnit from lo to v clamped into [lo, hi], rounded half
     // away from zero and held within +-2e9, as RoundHalfAway does (std::max
     // and std::min keep a value that is not a number, as the clamps' ifs do).
-    static double Steps(double v, double lo, double hi, double perUnit) {
+    static std::int64_t Steps(double v, double lo, double hi, double perUnit) {
         v = std::min(std::max(v, lo), hi);
         const double u = (v - lo) * perUnit;
-        double r = u + (u >= 0.0 ? 0.5 : -0.5);
-        r = r == r ? std::min(std::max(r, -2e9), 2e9) : 0.0;
-        return static_cast<double>(static_cast<int>(r));  // cuts toward zero; 2e9 fits an int
+        const double r = u + (u >= 0.0 ? 0.5 : -0.5);
+        if (!(r == r)) return 0;
+        return static_cast<std::int64_t>(std::min(std::max(r, -2e9), 2e9));  // cuts toward zero
     }
-    // axis_To16 of a whole number.
-    static int Device(double v) { return static_cast<int>(std::min(std::max(v, -32768.0), 32767.0)); }
+    // axis_To16 of the device coordinate: a whole number, which the sum in
+    // doubles of MapToDevice's older form held exactly too.
+    static int Device(std::int64_t v) {
+        return static_cast<int>(std::min<std::int64_t>(std::max<std::int64_t>(v, -32768), 32767));
+    }
 
     double m_xMin, m_xMax, m_yMin, m_yMax, m_xPerUnit, m_yPerUnit;
-    double m_left, m_bottom;
+    std::int64_t m_left, m_bottom;
 };
 
 // Writes the label of one tick value into out (at least width + 3 bytes).
