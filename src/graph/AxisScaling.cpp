@@ -66,7 +66,10 @@ Steps SearchSteps(int extent, double range, int code, int minSpacing) {
     int m = -2;
     double s = 1.0 / IntPower(10.0, code + 2);
     Steps out{};
-    for (;;) {
+    // A finite range ends the walk within a few dozen steps; an infinite or
+    // NaN one (a value of inf in the data) never would, so the walk is bounded
+    // by the decades a double spans and then takes the last resort below.
+    for (int walked = 0;; ++walked) {
         std::int16_t spacing = axis_To16(extent / (range / s + 1.0));
         if (spacing > minSpacing) {
             out.major = s;
@@ -80,7 +83,7 @@ Steps SearchSteps(int extent, double range, int code, int minSpacing) {
         s = L.majorMult[k] / IntPower(10.0, code - m);
         // The 16-bit limit applies to the step as labelled; in data units it
         // would stop every axis past 32767 with overlapping labels.
-        if (s * IntPower(10.0, code) > 32767.0) {
+        if (s * IntPower(10.0, code) > 32767.0 || walked > 4 * 700) {
             out.major = range / minSpacing;
             out.decimals = code - m;
             break;

@@ -1,5 +1,7 @@
 // The scaling steps: size classes and plot rectangle, label format, tick steps.
 // Expected values are worked out by hand from the layout rules.
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 #include "GraphTestUtil.h"
@@ -138,6 +140,13 @@ TEST(ChooseTickSteps, AStepPastTheSixteenBitLimitFallsBackToRangeOverSpacing) {
     ChooseTickSteps();
     // Minimum x spacing max(48, 100) = 100.
     EXPECT_DOUBLE_EQ(g_Layout.ticks.xMajor, 1e9 / 100);
+
+    // An infinite value in the data makes the range infinite: the search must
+    // still end (it once walked the decades forever).
+    ComputeLabelFormat(0.0, 10.0, -HUGE_VAL, HUGE_VAL);
+    SetDataRange(1, 0.0, 10.0, -HUGE_VAL, HUGE_VAL);
+    ChooseTickSteps();
+    EXPECT_DOUBLE_EQ(g_Layout.ticks.xMajor, 2.0);
 }
 
 }  // namespace
