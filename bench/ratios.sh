@@ -4,7 +4,7 @@
 # same file(s) measured in the same run, with the peak resident memory.
 #
 # usage: bench/ratios.sh FILE [FILE2] [-n RUNS]
-#   FILE2 is the second file of compare and vartest (default FILE again).
+#   FILE2 is the second file of compare, vartest and anova (default FILE again).
 #   OPROC names the binary (default build/oproc beside this script).
 # The files must hold 8-byte records (the block read assumes them).
 set -u
@@ -90,9 +90,16 @@ run "batch, ten batches" "$oproc" batch "$file" --batch-type O
 run "compare (paired)" "$oproc" compare "$file" "$file2"
 run "compare (two-sample)" "$oproc" compare --method two-sample "$file" "$file2"
 run "vartest" "$oproc" vartest "$file" "$file2"
+run "anova (two files)" "$oproc" anova "$file" "$file2"
 run "correlogram 1000 lags" "$oproc" correlogram "$file" --max-lags 1000
 run "correlogram 9999 lags" "$oproc" correlogram "$file" --max-lags 9999
 run "plot to SVG" "$oproc" plot "$file" --svg "$work/plot.svg"
+# The histogram reads once with its cells given and twice when the data
+# choose them (the quartiles of the width rule first).
+run "histogram, 100 cells given" "$oproc" histogram "$file" --start 0 --width 1 --cells 100
+run "histogram, default cells" "$oproc" histogram "$file"
+run "moving average, w = 100" "$oproc" movingaverage "$file" --window 100
+run "warmup (MSER-5)" "$oproc" warmup "$file"
 if python3 -c 'import numpy, scipy' 2>/dev/null; then
     for what in interval batch correlogram; do
         run "numpy/scipy $what" python3 "$here/numpy_ref.py" "$what" "$file"
@@ -111,7 +118,7 @@ echo "|----------------------------|---------|--------|---------|--------|------
 ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", (b > 0 ? a / b : 0) }'; }
 for name in "${order[@]}"; do
     ref="block read"
-    case "$name" in compare*|vartest|*two\ files) ref="block read, two files" ;; esac
+    case "$name" in compare*|vartest|anova*|*two\ files) ref="block read, two files" ;; esac
     printf '| %-26s | %7s | %6s | %7s | %6s | %7s | %4s |\n' "$name" "${wall[$name]}" \
         "$(ratio "${wall[$name]}" "${wall[$ref]}")" "${cpu[$name]}" "$(ratio "${cpu[$name]}" "${cpu[$ref]}")" \
         "${memory[$name]}" "${status[$name]}"

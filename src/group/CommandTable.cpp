@@ -10,6 +10,10 @@
 #include "series/FiltrDlg.h"
 #include "series/FiltrDoc.h"
 #include "series/FiltrView.h"
+#include "series/MovTextView.h"
+#include "series/MovView.h"
+#include "series/MoveDlg.h"
+#include "series/MoveDoc.h"
 #include "series/StdInDlg.h"
 #include "series/StdIntTextView.h"
 #include "series/StdIntView.h"
@@ -58,7 +62,8 @@ const GroupCommand kCommands[] = {
     {"g_OnInterval", "Intervals", 16385, 16021, nullptr, "CIntrvlDoc", "CIntrvlView", kSplit,
      grp_Analysis<CIntrvlDlg, CIntrvlDoc, CIntrvlView, CIntrvlTextView>()},
     {"g_OnLoad", "Load", 16397, 16035, "dat", "CLoadDoc", "CLoadView", kSingle, {}},
-    {"g_OnMovingAverage", "MovingAverage", 16386, 16036, nullptr, "CMoveDoc", "CMovView", kSplit, {}},
+    {"g_OnMovingAverage", "MovingAverage", 16386, 16036, "dat", "CMoveDoc", "CMovView", kSplit,
+     grp_Analysis<CMoveDlg, CMoveDoc, CMovView, CMovTextView>(grp_OutputField<CMoveDlg, &CMoveDlg::m_strOutFile>)},
     {"g_OnOneway", "OnewayVariance", 16387, 16022, nullptr, "COnewyDoc", "COnewyView", kSplit,
      grp_Analysis<COnewyDlg, COnewyDoc, COnewyView, COnewyTextView>()},
     {"g_OnPlot", "Plot", 16388, 16019, nullptr, "CPlotDoc", "CPlotView", kSplit,

@@ -146,7 +146,7 @@ public:
         while (count > 0) {
             std::size_t take = m - m_filled;
             if (take > count) take = count;
-            for (std::size_t i = 0; i < take; ++i) Place(m_filled + i, values[i]);
+            PlaceRange(m_filled, m_filled + take, values);
             m_filled += take;
             values += take;
             count -= take;
@@ -156,7 +156,8 @@ public:
 
     std::vector<double> Finish() override {
         if (m_filled > 0) {
-            for (std::size_t t = m_filled; t < 2 * m_block; ++t) Place(t, 0.0);
+            const std::vector<double> zeros(2 * m_block - m_filled, 0.0);
+            PlaceRange(m_filled, 2 * m_block, zeros.data());
             TransformPair();
         }
         const std::size_t m = 2 * m_block;
@@ -185,13 +186,23 @@ public:
     }
 
 private:
-    // Value t of the pair (t < 2B). Bit reversal puts the zero padding of a
-    // block (positions B .. 2B - 1) on the odd places.
-    void Place(std::size_t t, double value) {
-        std::vector<double>& part = t < m_block ? m_re : m_im;
-        const std::size_t r = m_fft.Reversed(t < m_block ? t : t - m_block);
-        part[r] = value;
-        part[r + 1] = 0.0;
+    // Values from..to of the pair (to <= 2B), one loop per block. Bit
+    // reversal puts the zero padding of a block (positions B .. 2B - 1) on
+    // the odd places.
+    void PlaceRange(std::size_t from, std::size_t to, const double* values) {
+        const std::size_t split = to < m_block ? to : m_block;
+        double* re = m_re.data();
+        for (std::size_t t = from; t < split; ++t, ++values) {
+            const std::size_t r = m_fft.Reversed(t);
+            re[r] = *values;
+            re[r + 1] = 0.0;
+        }
+        double* im = m_im.data();
+        for (std::size_t t = (from > m_block ? from : m_block); t < to; ++t, ++values) {
+            const std::size_t r = m_fft.Reversed(t - m_block);
+            im[r] = *values;
+            im[r + 1] = 0.0;
+        }
     }
 
     void TransformPair() {

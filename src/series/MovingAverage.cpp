@@ -1,6 +1,7 @@
 #include "series/MovingAverage.h"
 
 #include <cmath>
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -70,4 +71,46 @@ ForecastErrors move_ForecastErrors(const std::vector<double>& y, const std::vect
     e.mse = sq.Value() / n;
     e.mape = zero ? std::numeric_limits<double>::quiet_NaN() : 100.0 * pct.Value() / n;
     return e;
+}
+
+void move_GraphPoints(const std::vector<double>& v, long first, std::size_t buckets, std::vector<double>* xs,
+                      std::vector<double>* ys) {
+    xs->clear();
+    ys->clear();
+    const std::size_t n = v.size();
+    if (n == 0 || buckets == 0) return;
+    const std::size_t run = (n + buckets - 1) / buckets;
+    auto put = [&](std::size_t i) {
+        xs->push_back(static_cast<double>(first) + static_cast<double>(i));
+        ys->push_back(v[i]);
+    };
+    for (std::size_t lo = 0; lo < n; lo += run) {
+        const std::size_t hi = std::min(n, lo + run);
+        // The extremes first, without branches and four apart so that the
+        // comparisons do not wait on each other; then where they are.
+        double low[4], high[4];
+        for (int j = 0; j < 4; ++j) low[j] = high[j] = v[lo];
+        std::size_t i = lo;
+        for (; i + 4 <= hi; i += 4)
+            for (int j = 0; j < 4; ++j) {
+                low[j] = std::min(low[j], v[i + j]);
+                high[j] = std::max(high[j], v[i + j]);
+            }
+        for (; i < hi; ++i) {
+            low[0] = std::min(low[0], v[i]);
+            high[0] = std::max(high[0], v[i]);
+        }
+        const double lowest = std::min(std::min(low[0], low[1]), std::min(low[2], low[3]));
+        const double highest = std::max(std::max(high[0], high[1]), std::max(high[2], high[3]));
+        std::size_t at = lo;
+        while (at < hi && v[at] != lowest && v[at] != highest) ++at;
+        if (at == hi) at = lo;  // NaN extremes: the run's first point
+        put(at);
+        const double other = v[at] == lowest ? highest : lowest;
+        if (other != v[at]) {
+            std::size_t second = at + 1;
+            while (second < hi && v[second] != other) ++second;
+            if (second < hi) put(second);
+        }
+    }
 }

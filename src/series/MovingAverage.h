@@ -31,3 +31,10 @@ struct ForecastErrors {
 };
 // trailing holds M(w) .. M(n) as move_Smooth gives them.
 ForecastErrors move_ForecastErrors(const std::vector<double>& y, const std::vector<double>& trailing, int window);
+
+// The points a graph of v needs when v is plotted against the observation
+// numbers first, first + 1, ...: at most buckets runs of consecutive points,
+// each kept as its lowest and highest point in their order, which draw the
+// same pixels as the whole run once a run is no wider than a pixel column.
+void move_GraphPoints(const std::vector<double>& v, long first, std::size_t buckets, std::vector<double>* xs,
+                      std::vector<double>* ys);

@@ -1,16 +1,21 @@
 #include "series/Mser.h"
 
 MserResult mser_Five(const std::vector<double>& y) {
-    MserResult r;
     const long m = static_cast<long>(y.size()) / kMserBatch;
-    r.batches = m;
-    if (m < 2) return r;
     std::vector<double> z(static_cast<std::size_t>(m));
     for (long j = 0; j < m; ++j) {
         double s = 0.0;
         for (int k = 0; k < kMserBatch; ++k) s += y[static_cast<std::size_t>(j * kMserBatch + k)];
         z[static_cast<std::size_t>(j)] = s / kMserBatch;
     }
+    return mser_FromBatchMeans(std::move(z));
+}
+
+MserResult mser_FromBatchMeans(std::vector<double> z) {
+    MserResult r;
+    const long m = static_cast<long>(z.size());
+    r.batches = m;
+    if (m < 2) return r;
     const long dMax = m / 2;
     r.curve.assign(static_cast<std::size_t>(dMax + 1), 0.0);
     double mean = 0.0, m2 = 0.0;

@@ -23,3 +23,5 @@ struct MserResult {
 };
 
 MserResult mser_Five(const std::vector<double>& y);
+// The same from the batch means Z(1) .. Z(m) themselves.
+MserResult mser_FromBatchMeans(std::vector<double> z);

@@ -13,4 +13,6 @@ class CRecordReader;
 // receives the number of replications averaged (1 but under "All"). 0, 15834
 // on a read error, 15932 when lumped times go back, or 15901 when there are
 // no observations.
-int series_Read(CRecordReader& in, int treatment, std::vector<double>* y, int* reps);
+// reserve: room to take first, for example the file's record count, so that
+// a long series is not copied as it grows (untouched room costs no memory).
+int series_Read(CRecordReader& in, int treatment, std::vector<double>* y, int* reps, std::size_t reserve = 0);

@@ -23,7 +23,5 @@ int CHistDoc::InitFromDialog(CDialog& dialog) {
 int CHistDoc::Compute() {
     m_results = HistogramResult{};
     if (!IsOpen()) return IDS_READ_ERROR;
-    CRecordReader& in = Reader();
-    if (int rc = in.Start(m_nTreatment)) return rc;
-    return hist_Compute(in, m_nTreatment, m_params, &m_results);
+    return hist_Compute(Reader(), m_nTreatment, m_params, &m_results);
 }

@@ -66,7 +66,10 @@ HistogramParams::HistogramParams()
     : start(std::numeric_limits<double>::quiet_NaN()), width(std::numeric_limits<double>::quiet_NaN()) {}
 
 CHistogramBins::CHistogramBins(const HistogramEdges& edges)
-    : m_edges(edges), m_scale(1.0 / edges.width), m_counts(static_cast<std::size_t>(std::max(edges.count, 0)), 0.0) {}
+    : m_edges(edges),
+      m_scale(1.0 / edges.width),
+      m_cellCount(edges.count),
+      m_counts(static_cast<std::size_t>(std::max(edges.count, 0)), 0.0) {}
 
 int CHistogramBins::Cell(double v) const {
     const int n = m_edges.count;
@@ -81,6 +84,41 @@ int CHistogramBins::Cell(double v) const {
     else if (v >= m_edges.Edge(k + 1))
         ++k;
     return std::min(k, n);
+}
+
+void CHistogramBins::AddAll(const double* v, std::size_t n) {
+    if (m_lanes.empty()) m_lanes.assign(4 * m_counts.size(), 0);
+    std::uint64_t* lanes = m_lanes.data();
+    const double start = m_edges.start, scale = m_scale, cells = m_cellCount;
+    for (std::size_t i = 0; i < n; ++i) {
+        const double x = (v[i] - start) * scale;
+        if (x >= 0.0 && x < cells) {
+            const int k = static_cast<int>(x);
+            const double f = x - k;
+            // x of exactly 0 is a value exactly at the start (waits of 0 are common).
+            if ((f > 1e-9 && f < 1.0 - 1e-9) || x == 0.0) {
+                ++lanes[4 * static_cast<std::size_t>(k) + (i & 3)];
+                continue;
+            }
+        }
+        AddAt(Cell(v[i]), 1.0);
+    }
+}
+
+std::vector<double> CHistogramBins::Counts() const {
+    std::vector<double> c = m_counts;
+    for (std::size_t k = 0; k < c.size() && !m_lanes.empty(); ++k)
+        c[k] += static_cast<double>(m_lanes[4 * k] + m_lanes[4 * k + 1] + m_lanes[4 * k + 2] + m_lanes[4 * k + 3]);
+    return c;
+}
+
+void CHistogramBins::AddAt(int k, double weight) {
+    if (k < 0)
+        m_below += weight;
+    else if (k >= m_edges.count)
+        m_above += weight;
+    else
+        m_counts[static_cast<std::size_t>(k)] += weight;
 }
 
 void CHistogramBins::AddLinear(double a, double b, double dt) {
@@ -168,6 +206,68 @@ HistogramEdges hist_DefaultEdges(const HistogramParams& given, double q1, double
     return e;
 }
 
+namespace {
+
+// Every stride-th value seen, the stride doubling whenever the sample fills:
+// the quartiles that choose a cell width need no more than a sample, and the
+// sample is the whole data up to kSampleMax values.
+constexpr std::size_t kSampleMax = std::size_t{1} << 17;
+
+struct StridedSample {
+    std::vector<double> values;
+    std::size_t stride = 1;
+    std::size_t seen = 0;
+
+    void Add(const double* v, std::size_t n) {
+        for (std::size_t i = 0; i < n; ++i, ++seen) {
+            if (seen % stride != 0) continue;
+            values.push_back(v[i]);
+            if (values.size() == kSampleMax) {
+                for (std::size_t k = 0; 2 * k < values.size(); ++k) values[k] = values[2 * k];
+                values.resize(kSampleMax / 2);
+                stride *= 2;
+            }
+        }
+    }
+};
+
+// One read of the treatment's observations: runs of values go to onValues;
+// for time-persistent data the records' values go there too, and each
+// stretch of time between two records to onPiece. Under "All" a value's time
+// ends with its replication; a record not after the previous adds no time.
+template <class OnValues, class OnPiece>
+int ReadPass(CRecordReader& in, int treatment, bool timeWeighted, bool linear, OnValues onValues, OnPiece onPiece) {
+    if (int rc = in.Start(treatment)) return rc;
+    double times[kChunk];
+    double values[kChunk];
+    do {
+        bool started = false;
+        double tp = 0.0, vp = 0.0;
+        while (const std::size_t got = in.NextObsRun(timeWeighted ? times : nullptr, values, kChunk)) {
+            onValues(values, got);
+            if (!timeWeighted) continue;
+            for (std::size_t i = 0; i < got; ++i) {
+                const double t = times[i], v = values[i];
+                if (started && t > tp) onPiece(Piece{vp, linear ? v : vp, t - tp});
+                started = true;
+                tp = t;
+                vp = v;
+            }
+        }
+        if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
+    } while (treatment == REP_ALL && in.NextReplication());
+    return 0;
+}
+
+void AddPiece(CHistogramBins& bins, const Piece& p, bool linear) {
+    if (linear)
+        bins.AddLinear(p.a, p.b, p.dt);
+    else
+        bins.Add(p.a, p.dt);
+}
+
+}  // namespace
+
 int hist_Compute(CRecordReader& in, int treatment, const HistogramParams& given, HistogramResult* r) {
     *r = HistogramResult{};
     const int kind = in.Kind();
@@ -175,101 +275,63 @@ int hist_Compute(CRecordReader& in, int treatment, const HistogramParams& given,
     const bool linear = kind == KIND_CSTAT;
     const bool settled = !std::isnan(given.start) && given.width > 0.0 && given.count > 0;
 
+    // Cells given: one pass counts and sums. Cells to choose: the first pass
+    // sums and samples, a second counts; a second read of the file costs
+    // less than holding every value.
     std::optional<CHistogramBins> bins;
     if (settled) bins.emplace(HistogramEdges{given.start, given.width, given.count});
-    // With cells still to choose, the pass keeps what it must bin afterwards.
-    std::vector<double> values;
-    std::vector<Piece> pieces;
+    StridedSample sample;
     CMoments moments;
     TimeSums sums;
-    double low = 1e20, high = -1e20;
-    double chunk[kChunk];
-    std::size_t held = 0;
-    auto flush = [&] {
-        moments.AddAll(chunk, held);
-        if (bins) {
-            for (std::size_t i = 0; i < held; ++i) bins->Add(chunk[i]);
-        } else {
-            values.insert(values.end(), chunk, chunk + held);
-        }
-        held = 0;
-    };
-
-    double t = 0.0, v = 0.0;
-    do {
-        // Under "All" a value's time ends with its replication.
-        bool started = false;
-        double tp = 0.0, vp = 0.0;
-        while (in.NextObs(&t, &v)) {
-            if (!timeWeighted) {
-                chunk[held++] = v;
-                if (held == kChunk) flush();
-                continue;
-            }
-            low = std::min(low, v);
-            high = std::max(high, v);
-            if (!settled) values.push_back(v);
-            if (!sums.hasRef && std::isfinite(v)) {
+    int rc = ReadPass(
+        in, treatment, timeWeighted, linear,
+        [&](const double* v, std::size_t n) {
+            moments.AddAll(v, n);
+            if (!settled) sample.Add(v, n);
+            if (bins && !timeWeighted) bins->AddAll(v, n);
+        },
+        [&](const Piece& p) {
+            if (!sums.hasRef && std::isfinite(p.a)) {
                 sums.hasRef = true;
-                sums.ref = v;
+                sums.ref = p.a;
             }
-            // A record not after the previous one adds no time.
-            if (started && t > tp) {
-                const Piece p{vp, linear ? v : vp, t - tp};
-                sums.Add(p);
-                if (!bins) {
-                    pieces.push_back(p);
-                } else if (linear) {
-                    bins->AddLinear(p.a, p.b, p.dt);
-                } else {
-                    bins->Add(p.a, p.dt);
-                }
-            }
-            started = true;
-            tp = t;
-            vp = v;
-        }
-        if (in.PassEnd() == RecordKind::Error) return IDS_READ_ERROR;
-    } while (treatment == REP_ALL && in.NextReplication());
-    if (!timeWeighted) flush();
+            sums.Add(p);
+            if (bins) AddPiece(*bins, p, linear);
+        });
+    if (rc) return rc;
 
     r->timeWeighted = timeWeighted;
+    r->min = moments.Min();
+    r->max = moments.Max();
     if (timeWeighted) {
         if (!(sums.time > 0.0)) return IDS_NO_OBSERVATIONS;
         const double m1 = sums.s1 / sums.time;
         r->n = sums.time;
         r->mean = sums.ref + m1;
         r->sd = std::sqrt(std::max(0.0, sums.s2 / sums.time - m1 * m1));
-        r->min = low;
-        r->max = high;
     } else {
         if (moments.Count() == 0) return IDS_NO_OBSERVATIONS;
         r->n = static_cast<double>(moments.Count());
         r->mean = moments.Mean();
         r->sd = std::sqrt(moments.Variance());
-        r->min = moments.Min();
-        r->max = moments.Max();
     }
 
-    if (!bins) {
+    if (settled) {
+        r->edges = HistogramEdges{given.start, given.width, given.count};
+    } else {
+        std::vector<double>& values = sample.values;
         const bool whole = std::all_of(values.begin(), values.end(), [](double x) { return x == std::floor(x); });
-        const double count = static_cast<double>(values.size());
         const double q1 = hist_Quantile(values, 0.25);
         const double q3 = hist_Quantile(values, 0.75);
-        r->edges = hist_DefaultEdges(given, q1, q3, count, r->min, r->max, whole);
+        r->edges = hist_DefaultEdges(given, q1, q3, static_cast<double>(moments.Count()), r->min, r->max, whole);
         bins.emplace(r->edges);
-        if (timeWeighted) {
-            for (const Piece& p : pieces) {
-                if (linear)
-                    bins->AddLinear(p.a, p.b, p.dt);
-                else
-                    bins->Add(p.a, p.dt);
-            }
-        } else {
-            for (double x : values) bins->Add(x);
-        }
-    } else {
-        r->edges = HistogramEdges{given.start, given.width, given.count};
+        rc = ReadPass(
+            in, treatment, timeWeighted, linear,
+            [&](const double* v, std::size_t n) {
+                if (!timeWeighted) bins->AddAll(v, n);
+            },
+            [&](const Piece& p) { AddPiece(*bins, p, linear); });
+        if (rc) return rc;
     }
 
     const double total = r->n;
@@ -278,11 +340,12 @@ int hist_Compute(CRecordReader& in, int treatment, const HistogramParams& given,
     r->belowRelative = r->below / total;
     r->aboveRelative = r->above / total;
     double cumulative = r->below;
+    const std::vector<double> counts = bins->Counts();
     for (int k = 0; k < r->edges.count; ++k) {
         HistogramCell c;
         c.lower = r->edges.Edge(k);
         c.upper = r->edges.Edge(k + 1);
-        c.count = bins->Counts()[static_cast<std::size_t>(k)];
+        c.count = counts[static_cast<std::size_t>(k)];
         cumulative += c.count;
         c.relative = c.count / total;
         c.cumulative = cumulative / total;

@@ -1,6 +1,7 @@
 #include "stats/OnewyDoc.h"
 
 #include <cmath>
+#include <iterator>
 
 #include "dialog/DataFileCheck.h"
 #include "framework/Messages.h"
@@ -48,8 +49,8 @@ int COnewyDoc::Compute(double alpha) {
 
 int COnewyDoc::ComputeRow(CRecordReader& in, IntervalRow& row, double) {
     CMoments sample;
-    double time = 0.0, value = 0.0;
-    while (in.NextObs(&time, &value)) sample.Add(value);
+    double values[4096];
+    while (const std::size_t got = in.NextObsRun(nullptr, values, std::size(values))) sample.AddAll(values, got);
     if (sample.Count() == 0) return IDS_NO_OBSERVATIONS;
     row.average = sample.Mean();
     row.stdDev = std::sqrt(sample.Variance());

@@ -134,7 +134,7 @@ TEST(Startup, EveryBuiltAnalysisMakesDialogDocumentAndViews) {
             EXPECT_NE(c.defaultExt, nullptr) << c.templateName;
         }
     }
-    EXPECT_EQ(built, 10);
+    EXPECT_EQ(built, 11);
 }
 
 // The stand-in analysis: a single-file dialog with an output file, a document
@@ -319,10 +319,10 @@ TEST_F(CommandFlow, FileListCaptionIsTheTitleOrTheFirstFile) {
 }
 
 TEST_F(CommandFlow, AnalysisNotBuiltSaysSoAndRunsNothing) {
-    EXPECT_EQ(g_OnMovingAverage(nullptr), -1);
+    EXPECT_EQ(g_OnDiffile(nullptr), -1);
     EXPECT_EQ(m_host.dialogsRun, 0);
     ASSERT_EQ(m_host.messages.size(), 1u);
-    EXPECT_EQ(m_host.messages[0].text, "Moving Average is not available in this version of oproc.");
+    EXPECT_EQ(m_host.messages[0].text, "DIF File is not available in this version of oproc.");
 }
 
 TEST_F(CommandFlow, WithoutStartUpNothingRuns) {

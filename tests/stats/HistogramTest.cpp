@@ -31,7 +31,6 @@ std::vector<Rec> Observations(const std::vector<double>& values) {
 HistogramResult Histogram(const std::string& path, int treatment, const HistogramParams& p) {
     CRecordReader in;
     EXPECT_EQ(in.Open(path), 0);
-    EXPECT_EQ(in.Start(treatment), 0);
     HistogramResult r;
     EXPECT_EQ(hist_Compute(in, treatment, p, &r), 0);
     return r;
