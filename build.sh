@@ -17,7 +17,17 @@ command -v make >/dev/null || need+=(make)
 [ -f /usr/include/CLI/CLI.hpp ] || need+=(libcli11-dev)
 [ -d /usr/include/gtest ] || need+=(libgtest-dev)
 [ -d /usr/include/benchmark ] || need+=(libbenchmark-dev)
-# The desktop program and its tests need Qt 6 and the graphs' face (OPROC_GUI=0 skips them).
+# The tests of the JSON results read them with Python.
+command -v python3 >/dev/null || need+=(python3)
+# PNG and PDF graphs (cairo, found through pkg-config), set in the face their
+# layout measures (Liberation Sans); the tests render the PDFs with pdftoppm.
+command -v pkg-config >/dev/null || need+=(pkg-config)
+[ -f /usr/include/cairo/cairo.h ] || need+=(libcairo2-dev)
+[ -d /usr/share/fonts/truetype/liberation ] || need+=(fonts-liberation)
+if [ "${1:-}" = test ]; then
+    command -v pdftoppm >/dev/null || need+=(poppler-utils)
+fi
+# The desktop program and its tests need Qt 6 (OPROC_GUI=0 skips them).
 if [ "${1:-}" = gui ] || { [ "${1:-}" = test ] && [ "${OPROC_GUI:-1}" = 1 ]; }; then
     dpkg -s qt6-base-dev >/dev/null 2>&1 || need+=(qt6-base-dev)
     [ -d /usr/share/fonts/truetype/liberation ] || need+=(fonts-liberation)

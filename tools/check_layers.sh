@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Fails when a file under src/ includes from a folder above its own, or when
 # the includes between files form a cycle. Folders from the bottom up:
-layers=(platform framework datafile dialog report graph stats series group)
+layers=(platform framework datafile dialog report convert graph stats series group)
 # usage: tools/check_layers.sh [SRC_DIR]
 set -u
 src=${1:-$(dirname "$0")/../src}

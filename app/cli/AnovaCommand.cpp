@@ -8,6 +8,8 @@
 #include "FileArgs.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "ResultFormat.h"
+#include "OptionChecks.h"
 #include "group/Commands.h"
 #include "stats/OnewyDlg.h"
 
@@ -35,11 +37,12 @@ const std::map<std::string, int> kMethods = {
 CLI::App* Setup(CLI::App& app) {
     g_opt = Options{};
     CLI::App* sub = app.add_subcommand("anova", "One-way analysis of variance with Tukey, Scheffe and Bonferroni intervals");
-    // Fewer than two groups is the analysis's own message, so no count is required here.
+    // Fewer than two groups is the analysis's own message; none at all is a usage error.
     sub->add_option("FILE", g_opt.files,
                     "Data files, one group each: FILE or FILE@REPS (REPS: a replication number, All for a group "
-                    "per replication, Lumped)");
-    sub->add_option("--level", g_opt.level, "Confidence level: a fraction (0.95) or a percentage (95)")
+                    "per replication, Lumped)")
+        ->required();
+    cli_AddNumber(sub, "--level", g_opt.level, "Confidence level: a fraction (0.95) or a percentage (95)")
         ->capture_default_str();
     sub->add_option("--title", g_opt.title, "Title printed under the report title");
     CLI::Option* method =
@@ -49,6 +52,7 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_flag("--unequal-variances", g_opt.unequal, "Welch's test and Games-Howell intervals")->excludes(method);
     cli_AddSvgOptions(sub, g_opt.svg, false);
     g_opt.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     return sub;
 }
 

@@ -5,6 +5,9 @@
 
 #include "Command.h"
 #include "GroupArgs.h"
+#include "MessageSubject.h"
+#include "OptionChecks.h"
+#include "ResultFormat.h"
 #include "group/Commands.h"
 #include "series/FiltrDlg.h"
 
@@ -27,18 +30,27 @@ CLI::App* Setup(CLI::App& app) {
     g_opt = Options{};
     CLI::App* sub = app.add_subcommand("batch", "Batch/Truncate: batch means of a data file, with a correlation test");
     sub->add_option("FILE", g_opt.file, "Data file (.dat or .flt; #N: of the --group)")->required();
-    sub->add_option("--reps", g_opt.reps, "Replications: a number, All or Lumped (default 1)");
+    sub->add_option("--reps", g_opt.reps, "Replications: a number, All or Lumped")
+        ->check(cli_RepsText)
+        ->type_name("REPS")
+        ->default_str("1");
     sub->add_option("--title", g_opt.title, "Title of the summary and of the output file");
-    sub->add_option("--trunc-type", g_opt.truncType,
-                    "Unit of the initial truncation: Time or Observation (default from the data kind)");
-    sub->add_option("--trunc", g_opt.trunc, "Initial observations or time truncated (default 0)");
-    sub->add_option("--batch-type", g_opt.batchType, "Unit of batching: Time or Observation (default no batching)");
-    sub->add_option("--batch-size", g_opt.batchSize,
-                    "Time span or observations per batch (default: ten batches of the first replication)");
+    sub->add_option("--trunc-type", g_opt.truncType, "Unit of the initial truncation: Time or Observation")
+        ->check(cli_UnitText)
+        ->type_name("UNIT")
+        ->default_str("from the data kind");
+    cli_AddNumber(sub, "--trunc", g_opt.trunc, "Initial observations or time truncated")->default_str("0");
+    sub->add_option("--batch-type", g_opt.batchType, "Unit of batching: Time or Observation")
+        ->check(cli_UnitText)
+        ->type_name("UNIT")
+        ->default_str("no batching");
+    cli_AddNumber(sub, "--batch-size", g_opt.batchSize, "Time span or observations per batch")
+        ->default_str("ten batches of the first replication");
     sub->add_option("--out", g_opt.out, "File for the batch means (.flt added when there is no extension)");
     g_opt.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     sub->footer(
-        "Unit texts are read by their first letter (T or O), as in the dialog; numbers lie in 0..999999.\n"
+        "Units are Time or Observation, or a start of either (T, obs); numbers lie in 0..999999.\n"
         "Batching by time always truncates by time.");
     return sub;
 }
@@ -47,6 +59,7 @@ CLI::App* Setup(CLI::App& app) {
 // the ".flt" of an output name included, so that both hosts write the same file.
 int Run(CliIO&) {
     std::string file = g_opt.group.Resolve(g_opt.file);
+    if (g_opt.reps.empty()) cli_Host().Note(cli_ReplicationNote(file, "--reps "));
     return cli_RunEntry<CFiltrDlg>(g_OnFilter, g_opt.group, [&](CFiltrDlg& dlg) {
         dlg.m_strFile = file;
         dlg.m_strReps = g_opt.reps;

@@ -6,8 +6,10 @@
 #include <iostream>
 
 #include "GraphOutput.h"
+#include "MessageSubject.h"
 #include "framework/Frame.h"
 #include "graph/FramePanes.h"
+#include "group/CommandTable.h"
 #include "report/TextView.h"
 
 CliHost::CliHost(std::ostream& err) : CliHost(std::cout, err) {}
@@ -18,20 +20,42 @@ CliHost::CliHost(std::ostream& out, std::ostream& err)
 int CliHost::RunDialog(CDialog&) { return IDCANCEL; }
 
 void CliHost::ShowFrame(std::unique_ptr<CDocFrame> frame) {
-    for (const auto& v : frame->Views())
-        if (const auto* text = dynamic_cast<const CTextView*>(v.get())) *m_out << text->GetText();
-    if (m_svg && !m_svg->path.empty()) frame_WriteSvg(*frame, m_svg->width, m_svg->height, m_svg->path);
+    if (m_format != ResultFormat::Text) {
+        if (const CDocument* doc = frame->GetActiveDocument())
+            if (std::optional<ResultRecord> record = grp_DocumentResults(*doc)) m_results = std::move(*record);
+    } else {
+        for (const auto& v : frame->Views()) {
+            if (auto* paged = dynamic_cast<CPagedReport*>(v.get()))
+                paged->WriteAll(*m_out, m_pagedFormat);
+            else if (const auto* text = dynamic_cast<const CTextView*>(v.get()))
+                *m_out << text->GetText();
+        }
+    }
+    if (m_svg) cli_WriteGraphs(*frame, *m_svg);
 }
 
-int CliHost::ShowMessage(int, const std::string& text, unsigned style) {
+int CliHost::ShowMessage(int id, const std::string& text, unsigned style) {
+    m_messages.emplace_back(id, text);
     if (m_lastPercent >= 0) {
         *m_err << '\n';
         m_lastPercent = -1;
     }
-    *m_err << text << std::endl;
+    *m_err << text << '\n';
+    if (std::string subject = cli_MessageSubject(id); !subject.empty()) *m_err << subject << '\n';
+    *m_err << std::flush;
     m_shown = true;
     // Nobody can answer a question here: a yes/no prompt is taken as no.
     return (style & MB_YESNO) ? IDNO : IDOK;
+}
+
+void CliHost::Note(const std::string& text) {
+    if (!m_quiet && !text.empty()) m_notes.push_back(text);
+}
+
+void CliHost::FlushNotes() {
+    for (const std::string& note : m_notes) *m_err << note << '\n';
+    m_notes.clear();
+    *m_err << std::flush;
 }
 
 void CliHost::Progress(const char* what, double done, double total) {

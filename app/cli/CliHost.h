@@ -5,8 +5,15 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "ResultFormat.h"
 #include "framework/Host.h"
+#include "report/PagedReport.h"
+#include "report/ResultValue.h"
 
 class CDocFrame;
 struct SvgOptions;
@@ -23,17 +30,44 @@ public:
 
     // Where the graphs of the windows shown go (--svg, --size); null: nowhere.
     void SetSvgOutput(const SvgOptions* svg) { m_svg = svg; }
+    // How a report too long to hold is written: it streams in this format.
+    void SetPagedFormat(ReportFormat format) { m_pagedFormat = format; }
+
+    // Where the reports of the windows shown go: standard output unless a
+    // command writes its data there ("-").
+    void SetReportStream(std::ostream* out) { m_out = out; }
+
+    // A line on stderr that is not a message of the system: it leaves the
+    // exit status alone, and --quiet drops it. Notes wait for the end of the
+    // command (FlushNotes), so that a message is always stderr's first line.
+    void Note(const std::string& text);
+    void FlushNotes();
+    void SetQuiet(bool quiet) { m_quiet = quiet; }
 
     bool MessageShown() const { return m_shown; }
     void Reset() { m_shown = false; }
+
+    // Under a format other than text a window shown gives its results rather
+    // than its report; messages are kept for the results either way.
+    void SetFormat(ResultFormat format) { m_format = format; }
+    ResultFormat Format() const { return m_format; }
+    void SetResults(ResultRecord record) { m_results = std::move(record); }
+    const std::optional<ResultRecord>& Results() const { return m_results; }
+    const std::vector<std::pair<int, std::string>>& Messages() const { return m_messages; }
 
 private:
     std::ostream* m_out;
     std::ostream* m_err;
     bool m_shown = false;
     bool m_terminal;
+    bool m_quiet = false;
+    std::vector<std::string> m_notes;
     int m_lastPercent = -1;
     const SvgOptions* m_svg = nullptr;
+    ReportFormat m_pagedFormat = ReportFormat::Text;
+    ResultFormat m_format = ResultFormat::Text;
+    std::optional<ResultRecord> m_results;
+    std::vector<std::pair<int, std::string>> m_messages;
 };
 
 class CSession;

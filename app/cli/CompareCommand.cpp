@@ -8,6 +8,8 @@
 #include "FileArgs.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "OptionChecks.h"
+#include "ResultFormat.h"
 #include "group/Commands.h"
 #include "stats/PairDialogs.h"
 
@@ -30,12 +32,14 @@ const char* const kFilesHelp =
     "\"Lumped\". A pair of two \"All\" files compares replication i with replication i.";
 
 void AddCommon(CLI::App* sub, Options& o) {
-    sub->add_option("--level", o.level, "Confidence level as a fraction")->capture_default_str();
+    cli_AddNumber(sub, "--level", o.level, "Confidence level: a fraction (0.95) or a percentage (95)")
+        ->capture_default_str();
     sub->add_option("--title", o.title, "Title of the report");
     sub->add_flag("--scale", o.scale, "Show the scale on the chart");
-    sub->add_option("FILE", o.files, kFilesHelp);
+    sub->add_option("FILE", o.files, kFilesHelp)->required();
     o.group.AddOption(sub);
     cli_AddSvgOptions(sub, o.svg, false);
+    cli_AddFormatOption(sub);
 }
 
 // The pair list as the dialog takes it; an odd count is a usage error.

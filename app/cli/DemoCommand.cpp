@@ -21,7 +21,9 @@ CLI::App* Setup(CLI::App& app) {
     g_sample = SampleOptions{};
     CLI::App* sub = app.add_subcommand("demo", "Make sample data and run every analysis on it");
     sub->add_option("DIR", g_dir, "Folder for the sample data, outputs and index.html")->capture_default_str();
-    sub->add_option("--seed", g_sample.seed, "Random number seed of the sample data")->capture_default_str();
+    sub->add_option("--seed", g_sample.seed, "Random number seed of the sample data")
+        ->type_name("INT")
+        ->capture_default_str();
     return sub;
 }
 
@@ -36,6 +38,33 @@ std::string Html(const std::string& text) {
         }
     }
     return out;
+}
+
+// An argument as a POSIX shell reads it back: bare when it holds only safe
+// characters, else in single quotes (a quote inside as '\'').
+std::string ShellQuoted(const std::string& arg) {
+    const bool bare = !arg.empty() && arg.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                                            "0123456789@%+=:,./_-") == std::string::npos;
+    if (bare) return arg;
+    std::string out = "'";
+    for (char c : arg) out += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return out + "'";
+}
+
+std::string CommandLine(const std::vector<std::string>& args) {
+    std::string line = "oproc";
+    for (const std::string& a : args) line += ' ' + ShellQuoted(a);
+    return line;
+}
+
+// The same drawing as PNG and PDF beside a step's SVG.
+std::string Beside(const std::string& svg, const char* ext) {
+    return fs::path(svg).replace_extension(ext).string();
+}
+
+void AddOtherForms(DemoStep& step) {
+    if (step.svg.empty()) return;
+    step.args.insert(step.args.end(), {"--png", Beside(step.svg, ".png"), "--pdf", Beside(step.svg, ".pdf")});
 }
 
 struct Shown {
@@ -53,7 +82,9 @@ void WriteIndex(const std::vector<Shown>& shown) {
     std::ofstream html("index.html");
     html << "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>oproc demo</title>\n<style>\n"
             "body{font-family:sans-serif;margin:2em;color:#222}\n"
-            "nav ol{columns:2;max-width:60em}\n"
+            // Two columns of short entries; a long title wraps inside its column.
+            "nav ol{columns:2 24em;column-gap:3em;max-width:64em;padding-left:1.5em}\n"
+            "nav li{break-inside:avoid;margin:0 0 .3em 0;overflow-wrap:anywhere}\n"
             "section{border-top:1px solid #ccc;padding:1em 0}\n"
             ".pair{display:flex;gap:1.5em;align-items:flex-start}\n"
             "@media (max-width:1100px){.pair{flex-wrap:wrap}}\n"
@@ -71,18 +102,23 @@ void WriteIndex(const std::vector<Shown>& shown) {
     html << "</ol></nav>\n";
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const Shown& s = shown[i];
-        html << "<section id=\"" << Anchor(i) << "\"><h2>" << Html(s.step.title) << "</h2>\n<p><code>oproc";
-        for (const std::string& a : s.step.args)
-            html << ' ' << Html(a.find(' ') == std::string::npos ? a : "\"" + a + "\"");
-        html << "</code>";
+        html << "<section id=\"" << Anchor(i) << "\"><h2>" << Html(s.step.title) << "</h2>\n<p><code>"
+             << Html(CommandLine(s.step.args)) << "</code>";
         if (s.status != 0) html << " <span class=\"status\">exit status " << s.status << "</span>";
         html << "</p>\n<div class=\"pair\">";
         std::string text = s.report + s.messages;
         if (!text.empty()) html << "<pre>" << Html(text) << "</pre>";
-        if (!s.step.svg.empty() && fs::exists(s.step.svg))
+        if (!s.step.svg.empty() && fs::exists(s.step.svg)) {
             html << "<figure><img src=\"" << Html(s.step.svg) << "\" alt=\"" << Html(s.step.title)
-                 << "\"><figcaption><a href=\"" << Html(s.step.svg) << "\">" << Html(s.step.svg)
-                 << "</a></figcaption></figure>";
+                 << "\"><figcaption>";
+            const char* sep = "";
+            for (const std::string& file : {s.step.svg, Beside(s.step.svg, ".png"), Beside(s.step.svg, ".pdf")}) {
+                if (!fs::exists(file)) continue;
+                html << sep << "<a href=\"" << Html(file) << "\">" << Html(file) << "</a>";
+                sep = " &middot; ";
+            }
+            html << "</figcaption></figure>";
+        }
         html << "</div></section>\n";
     }
     html << "</body></html>\n";
@@ -98,13 +134,12 @@ int Run(CliIO& io) {
     io.out << "Sample data written to " << g_dir << "/\n";
     std::vector<Shown> shown;
     int worst = 0;
-    for (const DemoStep& step : cli_DemoSteps()) {
+    for (DemoStep step : cli_DemoSteps()) {
+        AddOtherForms(step);
         std::ostringstream out, err;
         CliIO capture{out, err};
         int status = cli_Run(step.args, capture);
-        io.out << "\n$ oproc";
-        for (const std::string& a : step.args) io.out << ' ' << a;
-        io.out << '\n' << out.str() << err.str();
+        io.out << "\n$ " << CommandLine(step.args) << '\n' << out.str() << err.str();
         shown.push_back({step, out.str(), err.str(), status});
         if (status > worst) worst = status;
     }

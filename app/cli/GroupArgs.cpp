@@ -2,7 +2,10 @@
 
 #include <charconv>
 #include <filesystem>
+#include <set>
 
+#include "MessageSubject.h"
+#include "datafile/DataFile.h"
 #include "group/OutputDoc.h"
 
 namespace fs = std::filesystem;
@@ -44,6 +47,8 @@ std::string CliGroup::Resolve(const std::string& arg) {
 
 FileArg CliGroup::ParseFileArg(const std::string& arg) {
     FileArg f = cli_ParseFileArg(arg);
+    if (op_ParseRepTreatment(f.reps.c_str()) == REP_INVALID)
+        throw CLI::ValidationError(arg, "REPS after @ must be a replication number, All or Lumped");
     f.path = Resolve(f.path);
     return f;
 }
@@ -51,5 +56,8 @@ FileArg CliGroup::ParseFileArg(const std::string& arg) {
 std::vector<FileArg> CliGroup::ParseFileArgs(const std::vector<std::string>& args) {
     std::vector<FileArg> files;
     for (const std::string& a : args) files.push_back(ParseFileArg(a));
+    std::set<std::string> noted;
+    for (const FileArg& f : files)
+        if (f.reps.empty() && noted.insert(f.path).second) cli_Host().Note(cli_ReplicationNote(f.path, f.path + "@"));
     return files;
 }

@@ -7,6 +7,7 @@
 
 #include "CliHost.h"
 #include "Command.h"
+#include "ResultFormat.h"
 #include "framework/Host.h"
 #include "framework/Messages.h"
 #include "group/OutputDoc.h"
@@ -51,6 +52,7 @@ CLI::App* Setup(CLI::App& app) {
 
     g_opt.listCmd = sub->add_subcommand("list", "List the files of a data group, refreshing the lines of changed files");
     g_opt.listCmd->add_option("GROUP", g_opt.group, groupHelp)->required();
+    cli_AddFormatOption(g_opt.listCmd);
 
     sub->footer(
         "Each line of a group shows the file's path, its number of replications, its data kind and\n"
@@ -100,6 +102,8 @@ int Add(CliIO& io) {
     COutputView& view = session.GroupView();
     for (const std::string& f : files) {
         std::error_code ec;
+        // Each file that stays out is named on the message's second line.
+        host_SetSubjectFile(f);
         // What a file-open dialog would offer: existing files only.
         if (!fs::is_regular_file(f, ec)) {
             AfxMessageBox(IDS_FILE_NOT_FOUND);
@@ -132,12 +136,45 @@ int Remove(CliIO& io) {
     return cli_Status(0);
 }
 
+// The group's files for scripts: each line's fields as the list shows them
+// (a line is the path, then the replications, data kind and title, or the
+// path and an error).
+ResultRecord ListRecord(const std::string& path, COutputDoc& doc, const COutputView& view) {
+    ResultRecord record;
+    record.parameters.Set("group", path);
+    ResultValue files = ResultValue::List();
+    for (int i = 0; i < view.List().GetCount() && i < doc.GetItemCount(); ++i) {
+        const std::string line = view.List().GetText(i);
+        const std::string& item = doc.GetItem(i)->m_strPath;
+        ResultValue f = ResultValue::Object().Set("number", i + 1).Set("file", item);
+        std::string rest = line.starts_with(item + ", ") ? line.substr(item.size() + 2) : std::string();
+        const std::size_t comma = rest.find(", ");
+        const std::size_t second = comma == std::string::npos ? comma : rest.find(", ", comma + 2);
+        const bool described = comma != std::string::npos && rest.find_first_not_of(" 0123456789") == rest.find(',');
+        if (described) {
+            f.Set("replications", std::stol(rest.substr(0, comma)));
+            f.Set("kind", rest.substr(comma + 2, second == std::string::npos ? second : second - comma - 2));
+            f.Set("title", second == std::string::npos ? std::string() : rest.substr(second + 2));
+        } else {
+            f.Set("replications", ResultValue()).Set("kind", ResultValue()).Set("title", ResultValue());
+        }
+        f.Set("line", line);
+        files.Append(std::move(f));
+    }
+    record.table = files;
+    record.results.Set("files", std::move(files));
+    return record;
+}
+
 int List(CliIO& io) {
     std::string path = Absolute(GroupPath(g_opt.group));
     CSession& session = cli_Session();
     if (session.OpenGroup(path)) return cli_Status(0);
     session.GroupView().OnInitialUpdate();
-    PrintList(session.GroupView(), io.out);
+    if (cli_Format() == ResultFormat::Text)
+        PrintList(session.GroupView(), io.out);
+    else
+        cli_SetResults(ListRecord(path, session.Group(), session.GroupView()));
     return cli_Status(0);
 }
 

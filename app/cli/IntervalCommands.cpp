@@ -7,6 +7,8 @@
 #include "FileArgs.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "OptionChecks.h"
+#include "ResultFormat.h"
 #include "group/Commands.h"
 #include "series/StdInDlg.h"
 #include "stats/IntrvlDlg.h"
@@ -27,14 +29,15 @@ Options g_mean, g_sd, g_std;
 CLI::App* AddCommand(CLI::App& app, const char* name, const char* about, Options& opt) {
     opt = Options{};
     CLI::App* sub = app.add_subcommand(name, about);
-    // No file at all is the dialog's own check, so the list is not required here.
-    sub->add_option("FILE", opt.files, "Data files, each FILE or FILE@REPS (REPS: a replication number, All, Lumped)");
-    sub->add_option("--level", opt.level, "Confidence level: a fraction (0.95) or a percentage (95)")
+    sub->add_option("FILE", opt.files, "Data files, each FILE or FILE@REPS (REPS: a replication number, All, Lumped)")
+        ->required();
+    cli_AddNumber(sub, "--level", opt.level, "Confidence level: a fraction (0.95) or a percentage (95)")
         ->capture_default_str();
     sub->add_option("--title", opt.title, "Title printed under the report title");
     sub->add_flag("--scale", opt.scale, "Show the scale on the chart");
     cli_AddSvgOptions(sub, opt.svg, false);
     opt.group.AddOption(sub);
+    cli_AddFormatOption(sub);
     return sub;
 }
 

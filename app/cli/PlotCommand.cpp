@@ -7,6 +7,7 @@
 #include "FileArgs.h"
 #include "GraphOutput.h"
 #include "GroupArgs.h"
+#include "OptionChecks.h"
 #include "graph/PlotDlg.h"
 #include "group/Commands.h"
 
@@ -28,10 +29,10 @@ CLI::App* Setup(CLI::App& app) {
     sub->add_option("--title", g_opt.title, "Graph title");
     sub->add_option("--x-label", g_opt.xLabel, "Title of the x axis (default Time)");
     sub->add_option("--y-label", g_opt.yLabel, "Title of the y axis (default Value)");
-    sub->add_option("--from", g_opt.from, "First time shown (default: from the data)");
-    sub->add_option("--to", g_opt.to, "Last time shown (default: from the data)");
-    sub->add_option("--min", g_opt.min, "Lowest value shown (default: from the data)");
-    sub->add_option("--max", g_opt.max, "Highest value shown (default: from the data)");
+    cli_AddNumber(sub, "--from", g_opt.from, "First time shown")->default_str("from the data");
+    cli_AddNumber(sub, "--to", g_opt.to, "Last time shown")->default_str("from the data");
+    cli_AddNumber(sub, "--min", g_opt.min, "Lowest value shown")->default_str("from the data");
+    cli_AddNumber(sub, "--max", g_opt.max, "Highest value shown")->default_str("from the data");
     cli_AddSvgOptions(sub, g_opt.svg, true);
     g_opt.group.AddOption(sub);
     sub->footer(

@@ -28,13 +28,18 @@
 
 #include <fstream>
 
+#include "CommandDialog.h"
+#include "DialogSettings.h"
 #include "FrameOutput.h"
 #include "FrameWidget.h"
 #include "GroupWindow.h"
+#include "framework/Dialog.h"
 #include "framework/Frame.h"
+#include "framework/Host.h"
 #include "framework/Messages.h"
 #include "group/CommandTable.h"
 #include "group/Commands.h"
+#include "group/OutputView.h"
 
 namespace {
 
@@ -63,6 +68,29 @@ QString CommandName(const GroupCommand& command) {
     if (name.endsWith(QStringLiteral(" - "))) name.chop(3);
     return name;
 }
+
+// The program's host while a command runs: its parameter dialog is shown on
+// screen; everything else goes to the program's host.
+class DialogHost : public IHost {
+public:
+    DialogHost(IHost& inner, std::function<int(CDialog&)> run) : m_inner(inner), m_run(std::move(run)) {}
+    int ShowMessage(int id, const std::string& text, unsigned style) override {
+        return m_inner.ShowMessage(id, text, style);
+    }
+    int ShowCaptionedMessage(int id, const std::string& text, const std::string& caption, unsigned style) override {
+        return m_inner.ShowCaptionedMessage(id, text, caption, style);
+    }
+    void Progress(const char* what, double done, double total) override { m_inner.Progress(what, done, total); }
+    int RunDialog(CDialog& dlg) override { return m_run(dlg); }
+    void ShowFrame(std::unique_ptr<CDocFrame> frame) override { m_inner.ShowFrame(std::move(frame)); }
+    std::string AskOpenFileName(const std::string& defaultExt, const std::string& filter) override {
+        return m_inner.AskOpenFileName(defaultExt, filter);
+    }
+
+private:
+    IHost& m_inner;
+    std::function<int(CDialog&)> m_run;
+};
 
 QString PlainMenuTitle(const QMenu* menu) { return menu->title().remove(u'&'); }
 
@@ -101,7 +129,10 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), m_area(new QMdiAr
     UpdateActions();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    // Closing the windows activates others: the actions are gone by then.
+    disconnect(m_area, nullptr, this, nullptr);
+}
 
 void MainWindow::CreateActions() {
     auto make = [this](const QString& text, const QKeySequence& key, auto slot) {
@@ -357,10 +388,32 @@ FrameWidget* MainWindow::AddFrame(std::unique_ptr<CDocFrame> frame) {
 }
 
 void MainWindow::RunCommand(const GroupCommand& command) {
-    // The command flow with its dialogs comes with the core's host layer; until
-    // then the desktop program lists the commands without running them.
-    QMessageBox::information(this, CommandName(command),
-                             tr("%1 cannot be run from this window yet: use the oproc command.").arg(CommandName(command)));
+    GroupWindow* group = m_group;
+    if (!group) return;
+    // The command runs in the group's folder: its files are offered as the
+    // group names them there, which is how reports identify them.
+    QDir folder = group->Path().isEmpty() ? QDir::current() : QFileInfo(group->Path()).absoluteDir();
+    QDir::setCurrent(folder.absolutePath());
+    auto name = [&folder](const std::string& path) {
+        QString full = QString::fromStdString(path);
+        QString relative = folder.relativeFilePath(full);
+        return full.isEmpty() || relative.startsWith(QStringLiteral("..")) ? full : relative;
+    };
+    QStringList files;
+    const COutputDoc& doc = group->Document();
+    for (int i = 0; i < doc.GetItemCount(); ++i) files << name(doc.ItemPath(i));
+    QString selected = name(group->View().SelectedPath());
+    QString templateName = QString::fromLatin1(command.templateName);
+    DialogHost host(host_Get(), [&](CDialog& dlg) {
+        int answer = gui_RunCommandDialog(dlg, CommandName(command), files, selected, this);
+        if (answer == IDOK) {
+            QSettings settings;
+            gui_SaveDialog(templateName, dlg, settings);
+        }
+        return answer;
+    });
+    ScopedHost scope(&host);
+    grp_RunCommand(command, &group->View());
 }
 
 void MainWindow::Print() {

@@ -2,13 +2,16 @@
 // named on the command line and runs the main window.
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QSettings>
 #include <QTimer>
 
 #include <cstdio>
 
 #include "AppIcon.h"
+#include "DialogSettings.h"
 #include "MainWindow.h"
 #include "QtHost.h"
+#include "ScreenshotTour.h"
 #include "group/Session.h"
 
 int main(int argc, char** argv) {
@@ -26,13 +29,17 @@ int main(int argc, char** argv) {
     parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("GROUP"), QStringLiteral("Data groups (.dgr) to open"), QStringLiteral("[GROUP...]"));
     QCommandLineOption screenshot(QStringLiteral("screenshot"),
-                                  QStringLiteral("Save PNG pictures of the window and its menus into DIR, then quit"),
+                                  QStringLiteral("Save PNG pictures of the window, its menus and four analyses into DIR, then quit"),
                                   QStringLiteral("DIR"));
     parser.addOption(screenshot);
     parser.process(app);
 
     QtHost host;
     CSession session(host);
+    {
+        QSettings settings;
+        gui_RestoreDialogs(session.App(), settings);
+    }
     int status = 0;
     {
         MainWindow window;
@@ -44,7 +51,7 @@ int main(int argc, char** argv) {
         if (parser.isSet(screenshot)) {
             QString folder = parser.value(screenshot);
             QTimer::singleShot(300, &window, [&window, folder] {
-                if (!window.SaveScreenshots(folder)) std::fprintf(stderr, "oproc-gui: cannot save screenshots\n");
+                if (!gui_ScreenshotTour(window, folder)) std::fprintf(stderr, "oproc-gui: cannot save screenshots\n");
                 QApplication::quit();
             });
         }

@@ -57,3 +57,6 @@ int op_ReadFileHdr(FILE* f, bool exportStyle, DataFileHeader* hdr);
 // Reads a binary header from bytes already in memory, as op_ReadFileHdr reads
 // it from a stream; *used is the number of bytes it took.
 int op_ParseFileHdr(const char* bytes, std::size_t size, DataFileHeader* hdr, std::size_t* used);
+// Reads an export (text) header from bytes in memory, as op_ReadFileHdr reads
+// it from a stream in export style.
+int op_ParseExportHdr(const char* bytes, std::size_t size, DataFileHeader* hdr, std::size_t* used);

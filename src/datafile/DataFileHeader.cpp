@@ -178,6 +178,14 @@ int op_ParseFileHdr(const char* bytes, std::size_t size, DataFileHeader* h, std:
     return rc;
 }
 
+int op_ParseExportHdr(const char* bytes, std::size_t size, DataFileHeader* h, std::size_t* used) {
+    BytesSource source{bytes, bytes + size};
+    int rc = ReadHeader(source, true, &h->kind, h->type, &h->reinit, &h->count, &h->identLen, &h->titleLen, h->ident,
+                        &h->title, &h->hdrStatus, &h->isDouble);
+    *used = static_cast<std::size_t>(source.at - bytes);
+    return rc;
+}
+
 int op_ReadFileHdr(FILE* f, bool exportStyle, DataFileHeader* h) {
     return op_ReadFileHdr(f, exportStyle, &h->kind, h->type, &h->reinit, &h->count, &h->identLen, &h->titleLen,
                           h->ident, &h->title, &h->hdrStatus, &h->isDouble);

@@ -1,4 +1,5 @@
 #include "datafile/DataFile.h"
+#include "framework/Host.h"
 #include "framework/Messages.h"
 #include "platform/Files.h"
 
@@ -12,6 +13,7 @@ constexpr std::size_t kStreamBuffer = 1 << 18;
 FILE* op_OpenDataFile(int* err, const char* path, int mode, bool mustExist) {
     *err = 0;
     if (mode == 3) return nullptr;  // a temporary name only; nothing is opened
+    host_SetSubjectFile(path);
     bool exists = plat_Exists(path);
     const char* how;
     if (mustExist) {

@@ -6,8 +6,8 @@
 #include "datafile/SingleDoc.h"
 #include "framework/Messages.h"
 
-int op_DescribeDataFile(const std::string& path, std::string& text) {
-    text.clear();
+int op_ReadDataFileInfo(const std::string& path, DataFileInfo* info) {
+    *info = DataFileInfo{};
     int kind = 0, reinit = 0, count = 0;
     std::string title;
     int rc = op_CheckFileHdr(path.c_str(), &kind, &reinit, &count, &title, 2);
@@ -17,30 +17,58 @@ int op_DescribeDataFile(const std::string& path, std::string& text) {
     CSingleDoc doc;
     doc.SetPathName(path, false);
     if (!doc.OnOpenDocument(path.c_str())) return IDS_INVALID_DATA_FILE;
-    char line[160];
-    text += "File:           " + path + '\n';
-    text += "Identifier:     " + doc.m_strIdent + '\n';
-    text += "Title:          " + doc.m_strTitle + '\n';
-    std::snprintf(line, sizeof line, "Data kind:      %d (%s)%s\n", doc.m_nKind, op_KindText(doc.m_nKind),
-                  op_IsTimePersistent(doc.m_nKind) ? ", time-persistent" : "");
-    text += line;
-    text += "Type text:      " + doc.m_strType + '\n';
-    text += std::string("Reinitialised:  ") + (doc.m_nReinit ? "yes" : "no") + '\n';
-    text += std::string("Records:        ") + (doc.m_nIsDouble ? "8-byte doubles" : "4-byte floats") + '\n';
-    text += "Count field:    " + std::to_string(count) + '\n';
+    info->path = path;
+    info->ident = doc.m_strIdent;
+    info->title = doc.m_strTitle;
+    info->kind = doc.m_nKind;
+    info->typeText = doc.m_strType;
+    info->reinitialised = doc.m_nReinit != 0;
+    info->doubles = doc.m_nIsDouble != 0;
+    info->countField = count;
     // A count that is really an error id: no replication ended properly.
     const int reps = doc.RepCount();
     if (reps >= 15000) {
-        text += "Replications:   none complete (" + msg_Text(reps).substr(0, 20) + "...)\n";
+        info->repsError = reps;
         return 0;
     }
-    text += "Replications:   " + std::to_string(reps) + '\n';
+    info->replications = reps;
+    for (int r = 1; r <= reps && r < doc.RepIndexSize(); ++r) info->observations.push_back(doc.RepInfo(r).m_nObsCount);
+    return 0;
+}
+
+std::string op_DataFileInfoText(const DataFileInfo& info) {
+    std::string text;
+    char line[160];
+    text += "File:           " + info.path + '\n';
+    text += "Identifier:     " + info.ident + '\n';
+    text += "Title:          " + info.title + '\n';
+    std::snprintf(line, sizeof line, "Data kind:      %d (%s)%s\n", info.kind, op_KindText(info.kind),
+                  op_IsTimePersistent(info.kind) ? ", time-persistent" : "");
+    text += line;
+    text += "Type text:      " + info.typeText + '\n';
+    text += std::string("Reinitialised:  ") + (info.reinitialised ? "yes" : "no") + '\n';
+    text += std::string("Records:        ") + (info.doubles ? "8-byte doubles" : "4-byte floats") + '\n';
+    text += "Count field:    " + std::to_string(info.countField) + '\n';
+    if (info.repsError) {
+        text += "Replications:   none complete (" + msg_Text(info.repsError).substr(0, 20) + "...)\n";
+        return text;
+    }
+    text += "Replications:   " + std::to_string(info.replications) + '\n';
     long total = 0;
-    for (int r = 1; r <= reps && r < doc.RepIndexSize(); ++r) {
-        std::snprintf(line, sizeof line, "  replication %4d: %10d observations\n", r, doc.RepInfo(r).m_nObsCount);
+    for (std::size_t r = 0; r < info.observations.size(); ++r) {
+        std::snprintf(line, sizeof line, "  replication %4d: %10ld observations\n", static_cast<int>(r + 1),
+                      info.observations[r]);
         text += line;
-        total += doc.RepInfo(r).m_nObsCount;
+        total += info.observations[r];
     }
     text += "Observations:   " + std::to_string(total) + "\n\n";
+    return text;
+}
+
+int op_DescribeDataFile(const std::string& path, std::string& text) {
+    text.clear();
+    DataFileInfo info;
+    if (int rc = op_ReadDataFileInfo(path, &info)) return rc;
+    text = op_DataFileInfoText(info);
     return 0;
 }

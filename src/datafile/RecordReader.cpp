@@ -3,6 +3,7 @@
 #include <bit>
 
 #include "datafile/RepMean.h"
+#include "framework/Host.h"
 #include "framework/Messages.h"
 
 static_assert(std::endian::native == std::endian::little, "records are stored little-endian");
@@ -62,6 +63,7 @@ CRecordReader::~CRecordReader() { Close(); }
 
 int CRecordReader::Open(const std::string& path) {
     Close();
+    host_SetSubjectFile(path);
     if (!m_file.Open(path.c_str())) return plat_Exists(path.c_str()) ? IDS_OPEN_ERROR : IDS_NO_FILE_OPEN;
     m_header = DataFileHeader{};
     // The header is a few hundred bytes at most, so the first block holds it.

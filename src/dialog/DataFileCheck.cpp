@@ -4,6 +4,7 @@
 
 #include "datafile/DataFile.h"
 #include "datafile/RepChecks.h"
+#include "framework/Host.h"
 #include "framework/Messages.h"
 
 namespace {
@@ -36,6 +37,7 @@ int RunStep(DataFileCheck& f, FileCheck step) {
 
 int dlg_CheckDataFile(DataFileCheck& file, std::initializer_list<FileCheck> steps) {
     file.treatment = op_ParseRepTreatment(file.reps.c_str());
+    host_SetSubjectFile(file.path);
     for (FileCheck step : steps) {
         if (int rc = RunStep(file, step)) {
             file.failed = step;
@@ -48,6 +50,16 @@ int dlg_CheckDataFile(DataFileCheck& file, std::initializer_list<FileCheck> step
 DlgControl dlg_FileFocus(FileCheck failed) {
     return failed == FileCheck::Treatment || failed == FileCheck::EnoughReps ? DlgControl::Replications
                                                                              : DlgControl::DataFile;
+}
+
+bool dlg_SameFileName(const std::string& a, const std::string& b) {
+    namespace fs = std::filesystem;
+    if (a.empty() || b.empty()) return false;
+    std::error_code ec;
+    if (fs::equivalent(a, b, ec)) return true;
+    fs::path pa = fs::weakly_canonical(fs::absolute(a, ec), ec);
+    fs::path pb = fs::weakly_canonical(fs::absolute(b, ec), ec);
+    return pa == pb;
 }
 
 double dlg_AlphaFromLevel(const std::string& level) {

@@ -36,6 +36,10 @@ int dlg_CheckDataFile(DataFileCheck& file, std::initializer_list<FileCheck> step
 // failed: the replications field for the treatment steps, else the data file.
 DlgControl dlg_FileFocus(FileCheck failed);
 
+// True when two names denote the same file: the same existing file, or the
+// same path once made absolute and normal. False when either is empty.
+bool dlg_SameFileName(const std::string& a, const std::string& b);
+
 // The error probability of a confidence level typed as text: a level above 1
 // is a percentage. Text that is not a number counts as 0.
 double dlg_AlphaFromLevel(const std::string& level);

@@ -32,6 +32,9 @@ struct CFilePairItem {
 // Single-file dialogs: a data file and its replications, and a title.
 class CBaseDlg : public CDialog {
 public:
+    // The title; the file and its replications belong to the shared layout.
+    std::vector<DlgField> Fields() override;
+
     std::string m_strFile;
     std::string m_strReps;
     std::string m_strTitle;
@@ -41,6 +44,9 @@ public:
 // scale flag of the chart.
 class CBaseMultiDlg : public CDialog {
 public:
+    // Title, level and scale flag; the file list belongs to the shared layout.
+    std::vector<DlgField> Fields() override;
+
     std::vector<CMultiFileItem> m_items;
     std::string m_strTitle;
     std::string m_strLevel = "0.95";
@@ -52,6 +58,8 @@ public:
 // Dialogs with a list of file pairs and the same title, level and scale flag.
 class CBasePairsDlg : public CDialog {
 public:
+    std::vector<DlgField> Fields() override;
+
     std::vector<CFilePairItem> m_pairs;
     std::string m_strTitle;
     std::string m_strLevel = "0.95";
@@ -59,3 +67,9 @@ public:
 
     void AddPair(const CMultiFileItem& a, const CMultiFileItem& b) { m_pairs.push_back({a, b}); }
 };
+
+// The fields the list dialogs share: "&Title:", "&Confidence Level:" (a combo
+// of the usual levels, 128 characters at most) and "&Scale Display".
+DlgField dlg_TitleField(std::string& title);
+DlgField dlg_LevelField(std::string& level);
+DlgField dlg_ScaleField(bool& scale);

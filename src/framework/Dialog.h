@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "framework/Object.h"
 
@@ -23,6 +24,8 @@ enum class DlgControl {
     EndTime,
     MinValue,
     MaxValue,
+    FirstRecord,   // Table: the range of rows shown
+    RecordCount,
     CellStart,     // Histogram: the first cell's lower bound, the width, the count
     CellWidth,
     CellCount,
@@ -30,8 +33,38 @@ enum class DlgControl {
     Method,
 };
 
+// One of a dialog's own controls, for a host that lays the dialog out: the
+// field it edits (a text, a choice among values, or a check), its label with
+// the mnemonic marked by '&', and the control's focus name. The shared file
+// lists of the dialog bases are not fields: a host knows them by the base.
+struct DlgField {
+    enum class Kind {
+        Text,      // an edit; with items, an editable combo offering them
+        Choice,    // one of items, stored as the matching entry of values
+        Check,
+        SaveFile,  // an output file name with a browse button (filter)
+    };
+    Kind kind = Kind::Text;
+    const char* key = "";  // stable name, for keeping the entry across runs
+    std::string label;
+    DlgControl control = DlgControl::None;
+    std::string* text = nullptr;  // Text and SaveFile
+    int* value = nullptr;         // Choice
+    bool* check = nullptr;        // Check
+    std::vector<std::string> items;
+    std::vector<int> values;      // Choice: the value of each item
+    std::size_t maxLength = 0;    // 0: no limit
+    std::string filter;           // SaveFile: "Name (*.x)|*.x|...||"
+};
+
 class CDialog : public CObject {
 public:
+    // The dialog's own fields in the order a user meets them. A dialog of a new
+    // command lists its fields here and every host can show it.
+    virtual std::vector<DlgField> Fields() { return {}; }
+    // The string id of the dialog's caption; 0: the command's name.
+    virtual int CaptionId() const { return 0; }
+
     // The framework's field exchange that precedes validation: typed fields
     // with a fixed type and range (a whole number from 0 to 9999) are taken
     // into their values. False with the framework's message text.
@@ -57,5 +90,6 @@ private:
 // What pressing OK does: exchanges the fields, then validates; a failure shows
 // its message (a pair check's negated id is shown as the id) so the user can
 // correct the field. Returns 0 when the dialog may close, else the failing id
-// (-1 for a failed exchange).
-int dlg_ValidateOnOK(CDialog& dlg);
+// (-1 for a failed exchange). For a list dialog failingIndex, when given,
+// receives the row at fault (-1 when none).
+int dlg_ValidateOnOK(CDialog& dlg, int* failingIndex = nullptr);

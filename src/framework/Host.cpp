@@ -19,6 +19,7 @@ SilentHost g_silent;
 IHost* g_host = &g_silent;
 unsigned long g_messageCount = 0;
 int g_lastMessageId = 0;
+MessageSubject g_subject;
 
 int Shown(int id, int answer) {
     ++g_messageCount;
@@ -50,6 +51,10 @@ int AfxMessageBox(int id, unsigned style) { return Shown(id, g_host->ShowMessage
 
 int AfxMessageBox(const std::string& text, unsigned style) { return Shown(0, g_host->ShowMessage(0, text, style)); }
 
+int AfxMessageBox(int id, const std::string& text, unsigned style) {
+    return Shown(id, g_host->ShowMessage(id, text, style));
+}
+
 int AfxMessageBox(int id, int captionId, unsigned style) {
     return Shown(id, g_host->ShowCaptionedMessage(id, msg_Text(id), msg_Text(captionId), style));
 }
@@ -57,3 +62,11 @@ int AfxMessageBox(int id, int captionId, unsigned style) {
 unsigned long host_MessageCount() { return g_messageCount; }
 
 int host_LastMessageId() { return g_lastMessageId; }
+
+const MessageSubject& host_Subject() { return g_subject; }
+
+void host_SetSubjectFile(const std::string& path) { g_subject.file = path; }
+
+void host_SetSubjectControl(DlgControl control) { g_subject.control = control; }
+
+void host_ClearSubject() { g_subject = MessageSubject{}; }

@@ -7,6 +7,7 @@
 
 class CDialog;
 class CDocFrame;
+enum class DlgControl;
 
 // Message box styles and answers, as the core uses them.
 enum : unsigned { MB_OK = 0x0, MB_YESNO = 0x4, MB_ICONQUESTION = 0x20 };
@@ -48,6 +49,9 @@ IHost* host_Set(IHost* host);
 
 int AfxMessageBox(int id, unsigned style = MB_OK);
 int AfxMessageBox(const std::string& text, unsigned style = MB_OK);
+// The message of string id with its fields filled in (msg_Format): shown as
+// text, counted as the id's.
+int AfxMessageBox(int id, const std::string& text, unsigned style = MB_OK);
 // A message with a caption, both string ids.
 int AfxMessageBox(int id, int captionId, unsigned style);
 
@@ -55,6 +59,20 @@ int AfxMessageBox(int id, int captionId, unsigned style);
 // for free text): lets a caller tell whether a callee already reported a failure.
 unsigned long host_MessageCount();
 int host_LastMessageId();
+
+// What the next message concerns, for a host that can name it beside the
+// text (a terminal has no dialog to point at): the data file last opened or
+// checked, and the dialog control a failed check puts the focus on. The file
+// stays until the next one replaces it, since most messages are shown after
+// the failing open has returned.
+struct MessageSubject {
+    std::string file;
+    DlgControl control{};
+};
+const MessageSubject& host_Subject();
+void host_SetSubjectFile(const std::string& path);
+void host_SetSubjectControl(DlgControl control);
+void host_ClearSubject();
 
 // Installs a host for the life of a scope, then puts the previous one back.
 class ScopedHost {

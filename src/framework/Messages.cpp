@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <iterator>
 
 namespace {
@@ -63,10 +64,29 @@ const Entry kTable[] = {
     {15871, "Batch/Truncate Summary"},
     {15872, "Batched observations stored in file"},
     {15873, "Export Summary"},
+    {15874, "Destination File"},
+    {15875, "Replications"},
+    {15876, "Observations"},
+    {15877, "Records"},
     {15878, "Import Summary"},
+    {15879, "Data Kind"},
+    {15880, "Precision"},
     {15881, "Load ASCII Summary"},
+    {15882, "Lines Read"},
+    {15884, "DIF File Summary"},
     {15885, "Source File"},
     {15886, "Append Summary"},
+    {15887, "Replications Before"},
+    {15888, "Replications After"},
+    {15889, "Records Appended"},
+    {15890, "Line %ld is not a time and a value."},
+    {15891, "Line %ld has a decimal comma.\nWrite numbers with a decimal point."},
+    {15892, "Line %ld has a negative time.\nTimes must be 0 or more."},
+    {15893, "Line %ld of the export file header is invalid."},
+    {15894, "The text file holds no observations."},
+    {15895, "Data kind must be a whole number from 1 to 7."},
+    {15896, "Destination file is not specified"},
+    {15897, "The export file ends early, at line %ld.\nIt may have been cut short."},
     {15899, "Classical C.I. Intervals Summary"},
     {15900, "Invalid value range.\nMinimum value must be less than maximum."},
     {15901, "No observations stored in data file."},
@@ -215,3 +235,12 @@ const std::string& msg_Text(int id) {
 }
 
 bool msg_Has(int id) { return Find(id) != nullptr; }
+
+std::string msg_Format(int id, long value) {
+    const std::string& format = msg_Text(id);
+    const int n = std::snprintf(nullptr, 0, format.c_str(), value);
+    if (n < 0) return format;
+    std::string text(static_cast<std::size_t>(n), '\0');
+    std::snprintf(text.data(), text.size() + 1, format.c_str(), value);
+    return text;
+}

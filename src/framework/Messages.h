@@ -33,6 +33,31 @@ enum MessageId : int {
     IDS_VALUE_LABEL = 15839,
     IDS_TIME_LABEL = 15840,
     IDS_NO_SELECTION = 15841,
+    // The file conversions: summary labels, then messages that name a line of a text file.
+    IDS_EXPORT_SUMMARY = 15873,
+    IDS_DESTINATION_FILE = 15874,
+    IDS_REPLICATIONS = 15875,
+    IDS_OBSERVATIONS = 15876,
+    IDS_RECORDS = 15877,
+    IDS_IMPORT_SUMMARY = 15878,
+    IDS_DATA_KIND = 15879,
+    IDS_PRECISION = 15880,
+    IDS_LOAD_SUMMARY = 15881,
+    IDS_LINES_READ = 15882,
+    IDS_DIF_SUMMARY = 15884,
+    IDS_SOURCE_FILE = 15885,
+    IDS_APPEND_SUMMARY = 15886,
+    IDS_REPS_BEFORE = 15887,
+    IDS_REPS_AFTER = 15888,
+    IDS_RECORDS_APPENDED = 15889,
+    IDS_LINE_NOT_A_PAIR = 15890,
+    IDS_LINE_DECIMAL_COMMA = 15891,
+    IDS_LINE_NEGATIVE_TIME = 15892,
+    IDS_LINE_BAD_HEADER = 15893,
+    IDS_TEXT_NO_OBSERVATIONS = 15894,
+    IDS_BAD_DATA_KIND = 15895,
+    IDS_DEST_NOT_SPECIFIED = 15896,
+    IDS_TEXT_CUT_SHORT = 15897,
     IDS_VALUE_RANGE = 15900,
     IDS_NO_OBSERVATIONS = 15901,
     IDS_SD_INTERVAL_ERROR = 15906,
@@ -70,3 +95,7 @@ const std::string& msg_Text(int id);
 
 // True when the table holds the id.
 bool msg_Has(int id);
+
+// The text of an id whose text is a format with one whole-number field (a
+// line number): "Line %ld ..." filled in.
+std::string msg_Format(int id, long value);

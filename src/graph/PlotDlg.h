@@ -11,6 +11,8 @@ public:
     CPlotDlg();
 
     int Validate(int* failingIndex) override;
+    // Title, axis labels, time window and value range: a plot has no level.
+    std::vector<DlgField> Fields() override;
 
     static constexpr std::size_t kMaxLabel = 128;
 

@@ -38,7 +38,8 @@ void PrepareFromSelection(CDialog& dlg, COutputView* view) {
 }
 
 void AddDefaultExtension(std::string& name, const char* ext) {
-    if (name.empty() || !ext || std::filesystem::path(name).has_extension()) return;
+    // "-" is standard output, not a file name.
+    if (name.empty() || name == "-" || !ext || std::filesystem::path(name).has_extension()) return;
     name += '.';
     name += ext;
 }

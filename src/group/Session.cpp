@@ -59,6 +59,7 @@ int CSession::OpenGroup(const std::string& path) {
         return 0;
     }
     auto doc = std::make_unique<COutputDoc>();
+    host_SetSubjectFile(path);
     std::error_code ec;
     if (!std::filesystem::is_regular_file(path, ec)) {
         AfxMessageBox(IDS_FILE_NOT_FOUND);

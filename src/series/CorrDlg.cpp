@@ -1,21 +1,8 @@
 #include "series/CorrDlg.h"
 
-#include <filesystem>
-
 #include "dialog/DataFileCheck.h"
 #include "framework/IntField.h"
 #include "framework/Messages.h"
-
-namespace fs = std::filesystem;
-
-bool corr_SameFileName(const std::string& a, const std::string& b) {
-    if (a.empty() || b.empty()) return false;
-    std::error_code ec;
-    if (fs::equivalent(a, b, ec)) return true;
-    fs::path pa = fs::weakly_canonical(fs::absolute(a, ec), ec);
-    fs::path pb = fs::weakly_canonical(fs::absolute(b, ec), ec);
-    return pa == pb;
-}
 
 bool CCorrDlg::ExchangeFields(std::string* message) {
     if (ddx_IntField(m_strMaxLags, 0, kMaxLagsLimit, &m_nMaxLags, message)) return true;
@@ -32,11 +19,31 @@ int CCorrDlg::Validate(int*) {
     if (m_strFile.empty()) return fail(IDS_SOURCE_NOT_SPECIFIED, DlgControl::DataFile);
     DataFileCheck file{m_strFile, m_strReps};
     if (int rc = dlg_CheckDataFile(file, {FileCheck::Exists})) return fail(rc, DlgControl::DataFile);
-    if (corr_SameFileName(m_strOutFile, m_strFile)) return fail(IDS_SAME_OUTPUT_FILE, DlgControl::OutputFile);
+    if (dlg_SameFileName(m_strOutFile, m_strFile)) return fail(IDS_SAME_OUTPUT_FILE, DlgControl::OutputFile);
     if (int rc = dlg_CheckDataFile(file, {FileCheck::Header, FileCheck::Treatment}))
         return fail(rc, dlg_FileFocus(file.failed));
     if (m_nMaxLags <= 0) return fail(IDS_MAX_LAGS_POSITIVE, DlgControl::MaxLags);
     if (int rc = dlg_CheckDataFile(file, {FileCheck::EnoughReps, FileCheck::NotTimePersistent}))
         return fail(rc, dlg_FileFocus(file.failed));
     return 0;
+}
+
+std::vector<DlgField> CCorrDlg::Fields() {
+    std::vector<DlgField> fields = CBaseDlg::Fields();
+    DlgField lags;
+    lags.key = "maxLags";
+    lags.label = "&Maximum Lags:";
+    lags.control = DlgControl::MaxLags;
+    lags.text = &m_strMaxLags;
+    DlgField out;
+    out.kind = DlgField::Kind::SaveFile;
+    out.key = "outFile";
+    out.label = "&Save Autocorrelation Values in File:";
+    out.control = DlgControl::OutputFile;
+    out.text = &m_strOutFile;
+    out.maxLength = 255;
+    out.filter = msg_Text(16071);
+    fields.push_back(lags);
+    fields.push_back(out);
+    return fields;
 }

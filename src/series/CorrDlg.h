@@ -18,8 +18,9 @@ public:
     // be an integer from 0 to 9999. False with the framework's text.
     bool ExchangeFields(std::string* message) override;
     int Validate(int* failingIndex) override;
+    std::vector<DlgField> Fields() override;
 };
 
-// True when two names denote the same file: the same existing file, or the
-// same path once made absolute and normal.
-bool corr_SameFileName(const std::string& a, const std::string& b);
+// The maximum lag when none is given, for the file under the treatment text
+// reps (CorrDefaultLags.cpp); 0 when the file or the treatment cannot be read.
+int corr_DefaultMaxLags(const std::string& path, const std::string& reps);

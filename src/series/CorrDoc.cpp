@@ -114,5 +114,6 @@ int CCorrDoc::Pass(int rep, bool copyEndMarker, COutputDataFile& out) {
     m_results.variance = variance;
     m_results.size = static_cast<int>(n);
     m_results.weightedSum = 2.0 * weighted;
+    m_results.passes.push_back({rep, mean, variance, m_results.size, m_results.weightedSum});
     return 0;
 }

@@ -31,6 +31,16 @@ struct CorrResults {
     // Lags 1 to L of each pass in turn: under "All" L per replication. The
     // report and the chart show the first L.
     std::vector<CCovarData> lags;
+    // Each pass's summary, in the order of lags: what the report cannot show
+    // of the replications under "All".
+    struct Pass {
+        int replication = 0;
+        double mean = 0.0;
+        double variance = 0.0;
+        int size = 0;
+        double weightedSum = 0.0;
+    };
+    std::vector<Pass> passes;
 };
 
 class CCorrDoc : public CSingleDoc {

@@ -31,6 +31,7 @@ public:
     // The field exchange, then the checks in dialog order. 0 or the message id;
     // FocusControl names the control at fault.
     int Validate(int* failingIndex) override;
+    std::vector<DlgField> Fields() override;
 
     // Cuts the texts to the control limits and reads the two numbers: an
     // unreadable number gives 15927, one outside 0..999999 the framework's range

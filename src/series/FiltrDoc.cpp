@@ -1,5 +1,7 @@
 #include "series/FiltrDoc.h"
 
+#include <cmath>
+
 #include "datafile/DataFile.h"
 #include "datafile/OutputDataFile.h"
 #include "framework/Messages.h"
@@ -79,6 +81,11 @@ int CFiltrDoc::Compute() {
         if (res.covEstimate) r.covEstimate = *res.covEstimate;
         if (res.rejectPositive) r.rejectPositive = *res.rejectPositive;
         if (res.rejectNonZero) r.rejectNonZero = *res.rejectNonZero;
+        if (res.numBatches) {
+            r.z = res.z.value_or(std::nan(""));
+            r.batchMeans = std::move(res.means);
+            r.batchMeansOmitted = res.meansOmitted;
+        }
     }
 
     if (rc == 0 && m_nTreatment != REP_ALL) out.Put(MARK_END, MARK_END);

@@ -5,7 +5,9 @@
 #pragma once
 
 #include <cstdio>
+#include <cmath>
 #include <string>
+#include <vector>
 
 #include "datafile/SingleDoc.h"
 
@@ -22,6 +24,10 @@ struct BatchResults {
     double covEstimate = -1.0;    // lag-1 correlation of the batch means
     int rejectPositive = 0;       // the tests against zero correlation
     int rejectNonZero = 0;
+    double z = std::nan("");      // the test statistic; NaN under 8 batches
+    // The batch means of the pass the estimate comes from (up to 10^5).
+    std::vector<double> batchMeans;
+    bool batchMeansOmitted = false;
 };
 
 class CFiltrDoc : public CSingleDoc {

@@ -7,6 +7,7 @@
 #include "datafile/DataFile.h"
 #include "datafile/OutputDataFile.h"
 #include "datafile/RecordReader.h"
+#include "datafile/TimeWeight.h"
 #include "framework/Messages.h"
 #include "framework/WholeNumber.h"
 #include "stats/Moments.h"
@@ -30,6 +31,7 @@ void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
     if (st.Count() < 8) return;
     const double n = static_cast<double>(st.Count());
     const double z = cov / std::sqrt((n - 2.0) / (n * n - 1.0));
+    res->z = z;
     if (z > Z_ONE_SIDED_05) res->rejectPositive = 1;
     if (std::fabs(z) > Z_TWO_SIDED_05) {
         if (byTime)
@@ -39,9 +41,13 @@ void StoreEstimate(const CMoments& st, bool byTime, FiltrResults* res) {
     }
 }
 
-// A value holds until the next record for these kinds; the others move
-// linearly between records.
-bool StepWeighted(int kind) { return kind == KIND_DSTAT || kind == KIND_COUNTER || kind == KIND_FREQUENCY; }
+// Keeps a batch mean for the results; past the limit only that some were left out.
+void KeepMean(FiltrResults* res, double mean) {
+    if (res->means.size() < FiltrResults::kMaxKeptMeans)
+        res->means.push_back(mean);
+    else
+        res->meansOmitted = true;
+}
 
 // Replication ends met by a pass under "all" are copied so the output keeps
 // the source's replications apart.
@@ -100,24 +106,21 @@ int PassByTime(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile
             b = end;
             double piece;
             if constexpr (step) {
-                piece = (b - tp) * vp;
+                piece = op_WeightedArea<true>(tp, vp, b, vp);
             } else {
                 const double vb = (v - vp) / (t - tp) * (b - tp) + vp;
-                piece = (b - tp) * (vp + vb) * 0.5;
+                piece = op_WeightedArea<false>(tp, vp, b, vb);
                 vp = vb;
             }
             double mid = b - W * 0.5;
             double mean = (area + piece) / W;
             out.Put(mid, mean);
             st.AddInSeries(mean);
+            KeepMean(res, mean);
             tp = b;
             area = 0.0;
         }
-        if constexpr (step) {
-            if (t > tp) area += (t - tp) * vp;
-        } else {
-            if (t > tp) area += (t - tp) * (v + vp) * 0.5;
-        }
+        if (t > tp) area += op_WeightedArea<step>(tp, vp, t, v);
         tp = t;
         vp = v;
 
@@ -270,6 +273,7 @@ int PassByObs(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile&
             double meanV = sumV / B;
             out.Put(meanT, meanV);
             st.AddInSeries(meanV);
+            KeepMean(res, meanV);
             count = 0;
             sumT = sumV = 0.0;
         }
@@ -313,6 +317,6 @@ void filtr_SettleDefaults(CRecordReader& in, FiltrParams* p) {
 
 int filtr_RunPass(CRecordReader& in, const FiltrParams& p, int rep, COutputDataFile& out, FiltrResults* res) {
     if (p.batchUnit == 0)
-        return StepWeighted(p.kind) ? PassByTime<true>(in, p, rep, out, res) : PassByTime<false>(in, p, rep, out, res);
+        return op_StepWeighted(p.kind) ? PassByTime<true>(in, p, rep, out, res) : PassByTime<false>(in, p, rep, out, res);
     return PassByObs(in, p, rep, out, res);
 }

@@ -3,7 +3,9 @@
 // written out, and the lag-1 correlation estimate of the means with its test.
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <vector>
 
 class COutputDataFile;
 class CRecordReader;
@@ -27,6 +29,11 @@ struct FiltrResults {
     std::optional<double> covEstimate;
     std::optional<int> rejectPositive;
     std::optional<int> rejectNonZero;
+    std::optional<double> z;  // the test statistic, from 8 batches on
+    // The batch means of the pass, the first kMaxKeptMeans of them.
+    std::vector<double> means;
+    bool meansOmitted = false;
+    static constexpr std::size_t kMaxKeptMeans = 100000;
 };
 
 // Fills what the user left open, from the replication at the reader's

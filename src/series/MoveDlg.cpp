@@ -5,7 +5,6 @@
 #include "dialog/DataFileCheck.h"
 #include "framework/IntField.h"
 #include "framework/Messages.h"
-#include "series/CorrDlg.h"
 
 MoveMethod CMoveDlg::MethodCode(const std::string& text) {
     if (!text.empty() && std::toupper(static_cast<unsigned char>(text[0])) == 'T') return MOVE_TRAILING;
@@ -27,7 +26,7 @@ int CMoveDlg::Validate(int*) {
     if (m_strFile.empty()) return fail(IDS_SOURCE_NOT_SPECIFIED, DlgControl::DataFile);
     DataFileCheck file{m_strFile, m_strReps};
     if (int rc = dlg_CheckDataFile(file, {FileCheck::Exists})) return fail(rc, DlgControl::DataFile);
-    if (corr_SameFileName(m_strOutFile, m_strFile)) return fail(IDS_SAME_OUTPUT_FILE, DlgControl::OutputFile);
+    if (dlg_SameFileName(m_strOutFile, m_strFile)) return fail(IDS_SAME_OUTPUT_FILE, DlgControl::OutputFile);
     if (int rc = dlg_CheckDataFile(file, {FileCheck::Header, FileCheck::Treatment, FileCheck::EnoughReps,
                                           FileCheck::NotTimePersistent}))
         return fail(rc, dlg_FileFocus(file.failed));

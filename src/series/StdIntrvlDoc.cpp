@@ -98,6 +98,7 @@ int CStdIntrvlDoc::ComputeRow(CRecordReader& in, IntervalRow& row, double alpha)
     row.min = low;
     row.max = high;
     row.numObs = WholeLong(static_cast<double>(b) * static_cast<double>(m));
+    row.batches = b;
     row.computed = true;
     WidenGraphRange(row.min, row.max);
     WidenGraphRange(row.lower, row.upper);

@@ -42,6 +42,7 @@ int CComprDoc::InitFromDialog(CDialog& dialog) {
     m_dAlpha = dlg_AlphaFromLevel(dlg.m_strLevel);
     m_strTitle = dlg.m_strTitle;
     m_bScale = dlg.m_bScale;
+    m_givenPairs = dlg.m_pairs;
     if (int rc = pair_Expand(dlg.m_pairs, &m_pairs)) return rc;
     return Compute();
 }
@@ -71,6 +72,8 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     CExtremes sa;
     CExtremes sb;
     CMoments diff;
+    CMoments sumA;  // for the means alone
+    CMoments sumB;
     // An A value without a partner in B changes nothing. A is read ahead of
     // B by up to a chunk; once B has ended first, what A met after the value
     // that found no partner (a read error included) is none of the pair's.
@@ -80,6 +83,8 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     for (;;) {
         const std::size_t na = pair_Fill(readA, va, kChunk);
         const std::size_t nb = pair_Fill(readB, vb, na);
+        sumA.AddAll(va, nb);
+        sumB.AddAll(vb, nb);
         st_AddExtremes(va, nb, &sa.min, &sa.max);
         st_AddExtremes(vb, nb, &sb.min, &sb.max);
         for (std::size_t i = 0; i < nb; ++i) va[i] -= vb[i];
@@ -105,8 +110,9 @@ int CComprDoc::ComputePaired(const CFilePairItem& pair, PairRow& row) {
     if (!st_IntervalHolds(mean, std::sqrt(variance), mean - hw, mean + hw)) return IDS_INTERVAL_ERROR;
 
     StoreResults(row, mean, std::sqrt(variance), hw);
-    row.a = {sa.min, sa.max, n};
-    row.b = {sb.min, sb.max, n};
+    row.a = {sa.min, sa.max, n, sumA.Mean(), 0.0};
+    row.b = {sb.min, sb.max, n, sumB.Mean(), 0.0};
+    row.df = static_cast<int>(n - 1);
     return 0;
 }
 
@@ -140,7 +146,8 @@ int CComprDoc::ComputeTwoSample(const CFilePairItem& pair, PairRow& row) {
     if (!st_IntervalHolds(estimate, se, estimate - hw, estimate + hw)) return IDS_INTERVAL_ERROR;
 
     StoreResults(row, estimate, se, hw);
-    row.a = {sa.Min(), sa.Max(), na};
-    row.b = {sb.Min(), sb.Max(), nb};
+    row.a = {sa.Min(), sa.Max(), na, sa.Mean(), va};
+    row.b = {sb.Min(), sb.Max(), nb, sb.Mean(), vb};
+    row.df = df;
     return 0;
 }

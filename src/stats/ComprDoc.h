@@ -24,7 +24,8 @@ public:
     double m_dAlpha = 0.05;
     std::string m_strTitle;
     bool m_bScale = false;
-    // The pairs computed, "All" pairs already expanded.
+    // The pairs as the dialog gave them, and as computed ("All" pairs expanded).
+    std::vector<CFilePairItem> m_givenPairs;
     std::vector<CFilePairItem> m_pairs;
 
     // One row per pair: the estimate is the difference of the means.

@@ -20,6 +20,8 @@ struct IntervalRow {
     double range = 0.0;      // max - min (standard deviation intervals)
     long numObs = 0;
     bool computed = false;   // false: no observations, the row holds no results
+    int entry = 0;           // the dialog entry it comes from, from 0
+    long batches = 0;        // batches formed (standardized time series)
 };
 
 struct IntervalResults {

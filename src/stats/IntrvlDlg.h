@@ -23,7 +23,7 @@ public:
 
     // Row selected in the file list after a failed check on a file; -1 if none.
     int SelectedRow() const { return m_nSelected; }
-    int CaptionId() const { return m_nCaptionId; }
+    int CaptionId() const override { return m_nCaptionId; }
 
     // The items of the level combo box, and the most it takes typed in.
     static const char* const kLevels[3];

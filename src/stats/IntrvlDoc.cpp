@@ -51,6 +51,7 @@ int CIntrvlDoc::ComputeEntry(const CMultiFileItem& entry, double alpha, int* noO
     do {
         IntervalRow row;
         row.ident = entry.Identifier();
+        row.entry = static_cast<int>(&entry - m_items.data());
         row.treatment = entry.m_nTreatment;
         if (entry.m_nTreatment == REP_ALL) {
             // Appended piecewise: GCC 12 at -O3 warns falsely (-Wrestrict) on

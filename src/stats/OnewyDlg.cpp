@@ -13,3 +13,21 @@ int COnewyDlg::Validate(int* failingIndex) {
     }
     return 0;
 }
+
+std::vector<DlgField> COnewyDlg::Fields() {
+    std::vector<DlgField> fields = CIntrvlDlg::Fields();
+    DlgField method;
+    method.kind = DlgField::Kind::Choice;
+    method.key = "method";
+    method.label = "&Comparisons:";
+    method.value = &m_nMethod;
+    method.items = {"Tukey, Scheffe and Bonferroni", "Tukey", "Scheffe", "Bonferroni"};
+    method.values = {ONEWAY_CLASSICAL, ONEWAY_TUKEY, ONEWAY_SCHEFFE, ONEWAY_BONFERRONI};
+    DlgField unequal;
+    unequal.kind = DlgField::Kind::Check;
+    unequal.key = "unequal";
+    unequal.label = "&Unequal variances (Welch, Games-Howell)";
+    unequal.check = &m_bUnequalVariances;
+    fields.insert(fields.begin() + 2, {method, unequal});
+    return fields;
+}

@@ -74,3 +74,16 @@ int CVarDlg::Validate(int* failingIndex) {
     }
     return 0;
 }
+
+std::vector<DlgField> CComprDlg::Fields() {
+    std::vector<DlgField> fields = CBasePairsDlg::Fields();
+    DlgField method;
+    method.kind = DlgField::Kind::Choice;
+    method.key = "method";
+    method.label = "&Method:";
+    method.value = &m_nMethod;
+    method.items = {"Paired-t", "Two-sample-t"};
+    method.values = {METHOD_PAIRED, METHOD_TWO_SAMPLE};
+    fields.insert(fields.begin() + 2, method);
+    return fields;
+}

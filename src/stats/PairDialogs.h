@@ -15,6 +15,8 @@ public:
     enum { METHOD_PAIRED = 0, METHOD_TWO_SAMPLE = 1 };
     int m_nMethod = METHOD_PAIRED;
 
+    std::vector<DlgField> Fields() override;
+
     // The level is taken as a fraction only: 0 to 1, both included.
     int Validate(int* failingIndex) override;
 };

@@ -12,6 +12,8 @@ struct PairSide {
     double min = 0.0;
     double max = 0.0;
     long numObs = 0;
+    double mean = 0.0;      // of the observations counted
+    double variance = 0.0;  // the sample variance (two-sample-t, variances)
 };
 
 // One computed pair; "All" pairs are one row per replication.
@@ -25,6 +27,7 @@ struct PairRow {
     PairSide a;
     PairSide b;
     bool computed = false;
+    int df = 0;  // of the t quantile; the F quantile's are the sides' counts less one
 };
 
 struct PairResults {

@@ -14,6 +14,7 @@ int CVarDoc::InitFromDialog(CDialog& dialog) {
     m_dAlpha = dlg_AlphaFromLevel(dlg.m_strLevel);
     m_strTitle = dlg.m_strTitle;
     m_bScale = dlg.m_bScale;
+    m_givenPairs = dlg.m_pairs;
     if (int rc = pair_Expand(dlg.m_pairs, &m_pairs)) return rc;
     return Compute();
 }
@@ -67,7 +68,7 @@ int CVarDoc::ComputePair(const CFilePairItem& pair, PairRow& row) {
     row.lower = lower;
     row.upper = upper;
     row.computed = true;
-    row.a = {sa.Min(), sa.Max(), na};
-    row.b = {sb.Min(), sb.Max(), nb};
+    row.a = {sa.Min(), sa.Max(), na, sa.Mean(), va};
+    row.b = {sb.Min(), sb.Max(), nb, sb.Mean(), vb};
     return 0;
 }

@@ -1,33 +1,7 @@
 #!/usr/bin/env bash
 # The one-way analysis of variance end to end: the report of a hand-computed
 # set, Welch's test, the method choice, and every message once on stderr.
-set -u
-OPROC=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 1
-fail=0
-check() {  # check WHAT EXPECTED ACTUAL
-    if [ "$2" != "$3" ]; then
-        echo "FAIL: $1"
-        diff <(printf '%s\n' "$2") <(printf '%s\n' "$3")
-        fail=1
-    fi
-}
-
-# A Tally data file written byte by byte: header, then 8-byte (time, value)
-# records, each value at its own time, then the end marker.
-header() {  # header KINDNUMBER TYPE
-    printf '%s \r\n' "$1"
-    printf 'Output file for:%-24.24s by:%-24.24s \r\n' "sample" "TEST WRITER"
-    printf 'Data for:%s\r\n' "hand made"
-    printf 'Run date:%-10.10sND     %7d\r\n' "$2" 1
-    printf 'File Version: \x07QUILLSTATFMT\r\n\x1a'
-}
-declare -A d=([1]='\x00\x00\x00\x00\x00\x00\xf0\x3f' [2]='\x00\x00\x00\x00\x00\x00\x00\x40'
-              [3]='\x00\x00\x00\x00\x00\x00\x08\x40' [4]='\x00\x00\x00\x00\x00\x00\x10\x40'
-              [5]='\x00\x00\x00\x00\x00\x00\x14\x40' [6]='\x00\x00\x00\x00\x00\x00\x18\x40'
-              [7]='\x00\x00\x00\x00\x00\x00\x1c\x40' [-1]='\x00\x00\x00\x00\x00\x00\xf0\xbf')
+source "$(dirname "$0")/lib/common.sh"
 tally() {  # tally FILE KIND TYPE VALUE...
     local file=$1 kind=$2 type=$3
     shift 3
@@ -143,7 +117,6 @@ failing() {  # failing WHAT MESSAGE ARGS...
     check "$what: stdout" "" "$out"
     check "$what: message" 1 "$(grep -c -F "$message" err.txt)"
 }
-failing "no files" "No files were specified" anova
 failing "one file" "An analysis of variance needs at least two files" anova a.dat
 failing "missing file" "File not found" anova a.dat missing.dat
 failing "time-persistent" "You must first Batch/Truncate the data." anova a.dat level.dat

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The charts of the comparisons and the correlogram: --svg writes the graph
-# pane beside the report; without --svg nothing is drawn.
+# The charts of the comparisons and the correlogram: --svg (--png, --pdf)
+# writes the graph pane beside the report; without them nothing is drawn.
 set -u
 oproc=$1
 work=$(mktemp -d)
@@ -24,6 +24,23 @@ grep -q '>90% CL</text>' var.svg || fail "vartest legend"
 grep -q '>Lag Number</text>' corr.svg || fail "correlogram x title"
 grep -q '<title>Correlogram - ' corr.svg || fail "correlogram caption"
 grep -q 'fill="#0000ff"' corr.svg || fail "positive bars"
+
+# PNG and PDF beside the SVG: PNG at twice the pixels of --size by default.
+"$oproc" correlogram waits.dat --max-lags 20 --png corr.png --pdf corr.pdf --size 320x200 >/dev/null 2>err
+status=$?
+if grep -q "built without cairo" err; then
+    echo "cairo not in this build: PNG and PDF not checked"
+else
+    [ $status -eq 0 ] || fail "PNG and PDF status $status: $(cat err)"
+    [ "$(head -c 8 corr.png | od -An -tx1 | tr -d ' \n')" = 89504e470d0a1a0a ] || fail "PNG signature"
+    [ "$(od -An -tu1 -j16 -N8 corr.png | tr -s ' ')" = " 0 0 2 128 0 0 1 144" ] || fail "PNG of 640x400 pixels"
+    [ "$(head -c 5 corr.pdf)" = "%PDF-" ] || fail "PDF signature"
+    if command -v pdftoppm >/dev/null; then
+        pdftoppm -png -r 72 corr.pdf page >/dev/null 2>&1 && [ -s page-1.png ] || fail "pdftoppm renders the PDF"
+        rm -f page-1.png
+    fi
+    rm -f corr.png corr.pdf
+fi
 
 "$oproc" compare waits.dat@1 waits.dat@2 >/dev/null || fail "compare without --svg"
 [ "$(ls *.svg | wc -l)" -eq 3 ] || fail "only the asked-for files are written"

@@ -48,10 +48,10 @@ check "add: list" "#1   $work/runs/w.dat, 3, Tally, Waits
 #2   $work/runs/q.dat, 12, DSTAT" "$(cat out)"
 "$OPROC" group add g.dgr runs/../runs/w.dat >out 2>err
 check "add a file already there: status" 1 $?
-check "add a file already there: message" "File already is in the data group." "$(cat err)"
+check "add a file already there: message" "File already is in the data group." "$(head -1 err)"
 "$OPROC" group add g.dgr runs/none.dat >out 2>err
 check "add a missing file: status" 1 $?
-check "add a missing file: message" "File not found" "$(cat err)"
+check "add a missing file: message" "File not found" "$(head -1 err)"
 
 # Listing refreshes a changed file's line.
 datafile 203 Tally "Waits again" 2 > runs/w.dat
@@ -89,15 +89,15 @@ check "remove: list" "#1   $work/runs/q.dat, 12, DSTAT" "$(cat out)"
 # Missing and damaged groups.
 "$OPROC" group list nothere.dgr >out 2>err
 check "missing group: status" 1 $?
-check "missing group: message" "File not found" "$(cat err)"
+check "missing group: message" "File not found" "$(head -1 err)"
 printf 'OPDH.DGR\x01\x00\xff\xff\xff\xff\xff\x7f' > bad.dgr
 "$OPROC" group list bad.dgr >out 2>err
 check "huge count: status" 1 $?
-check "huge count: message" "Unexpected file format." "$(cat err)"
+check "huge count: message" "Unexpected file format." "$(head -1 err)"
 head -c 3000 /dev/urandom > noise.dgr
 "$OPROC" group add noise.dgr runs/q.dat >out 2>err
 check "noise: status" 1 $?
-check "noise: message" "Unexpected file format." "$(cat err)"
+check "noise: message" "Unexpected file format." "$(head -1 err)"
 check "noise: file untouched" 3000 "$(stat -c %s noise.dgr)"
 
 exit $fail

@@ -1,33 +1,7 @@
 #!/usr/bin/env bash
 # oproc histogram end to end: the report of hand-made observations and of a
 # hand-made step series (time-weighted), defaults from the data, messages.
-set -u
-OPROC=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 1
-fail=0
-check() {  # check WHAT EXPECTED ACTUAL
-    if [ "$2" != "$3" ]; then
-        echo "FAIL: $1"
-        diff <(printf '%s\n' "$2") <(printf '%s\n' "$3")
-        fail=1
-    fi
-}
-
-# Data files written byte by byte: header, then 8-byte (time, value) records
-# given as TIME:VALUE, then the end marker.
-header() {  # header KINDNUMBER TYPE
-    printf '%s \r\n' "$1"
-    printf 'Output file for:%-24.24s by:%-24.24s \r\n' "sample" "TEST WRITER"
-    printf 'Data for:%s\r\n' "hand made"
-    printf 'Run date:%-10.10sND     %7d\r\n' "$2" 1
-    printf 'File Version: \x07QUILLSTATFMT\r\n\x1a'
-}
-declare -A d=([1]='\x00\x00\x00\x00\x00\x00\xf0\x3f' [2]='\x00\x00\x00\x00\x00\x00\x00\x40'
-              [3]='\x00\x00\x00\x00\x00\x00\x08\x40' [4]='\x00\x00\x00\x00\x00\x00\x10\x40'
-              [5]='\x00\x00\x00\x00\x00\x00\x14\x40' [6]='\x00\x00\x00\x00\x00\x00\x18\x40'
-              [7]='\x00\x00\x00\x00\x00\x00\x1c\x40' [-1]='\x00\x00\x00\x00\x00\x00\xf0\xbf')
+source "$(dirname "$0")/lib/common.sh"
 records() {  # records FILE KIND TYPE TIME:VALUE...
     local file=$1 kind=$2 type=$3 r
     shift 3
@@ -89,7 +63,8 @@ message() {  # message EXPECTED ARGS...: status 1, no report, the text on stderr
     out=$("$OPROC" "$@" 2>err); status=$?
     check "$* status" 1 "$status"
     check "$* report" "" "$out"
-    check "$* message" "$expected" "$(cat err)"
+    # The text first; a second line may name what it concerns.
+    check "$* message" "$expected" "$(head -n "$(printf '%s\n' "$expected" | wc -l)" err)"
 }
 message "Cell width must be greater than 0" histogram obs.dat --width 0
 message "Invalid numeric field" histogram obs.dat --start one

@@ -70,7 +70,6 @@ failing() {  # failing WHAT MESSAGE ARGS...
     check "$what: stdout" "" "$out"
     check "$what: message" 1 "$(grep -c -F "$message" err.txt)"
 }
-failing "no files" "No files were specified" interval --level 0.95
 failing "missing file" "File not found" sdinterval small.dat missing.dat
 failing "level" "Confidence level value must be >= 0 and <= 100" stdinterval --level 101 small.dat
 failing "treatment" "Invalid replication treatment" interval small.dat@0

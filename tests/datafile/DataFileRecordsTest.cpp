@@ -106,28 +106,28 @@ TEST(DataFileRecords, CountsReplications) {
     EXPECT_EQ(op_CountReps(dir.Path("bad.dat").c_str()), 15834);
 }
 
-TEST(DataFileRecords, FileCutInTheMiddleOfARecord) {
+// Skip markers are never returned; the end marker, and the end of a file cut
+// in the middle of a record, read as (-1, -1).
+TEST(DataFileRecords, ObservationsAsRead) {
     TempDir dir;
-    HeaderFields h;
-    std::string bytes = test_HeaderBytes(h) + test_RecordBytes({{1, 10}, {2, 20}, {-1, -1}}, true);
-    test_WriteBytes(dir.Path("cut.dat"), bytes.substr(0, bytes.size() - 7));
-    EXPECT_EQ(op_CountReps(dir.Path("cut.dat").c_str()), 15836);
-    std::vector<Rec> obs = ReadAllObs(dir.Path("cut.dat"), 1);
-    ASSERT_EQ(obs.size(), 3u);
-    EXPECT_EQ(obs[1].value, 20.0);
-    EXPECT_EQ(obs[2].time, -1.0);  // end of file reads as (-1, -1)
-    EXPECT_EQ(obs[2].value, -1.0);
-}
-
-TEST(DataFileRecords, SkipMarkersAreNeverReturned) {
-    TempDir dir;
-    test_WriteDataFile(dir.Path("s.dat"), {}, {{1, 5}, {-1, -2}, {2, 6}, {-1, -1}});
-    std::vector<Rec> obs = ReadAllObs(dir.Path("s.dat"), 1);
-    ASSERT_EQ(obs.size(), 3u);
-    EXPECT_EQ(obs[0].value, 5.0);
-    EXPECT_EQ(obs[1].value, 6.0);
-    EXPECT_EQ(obs[2].time, -1.0);  // the end marker itself
-    EXPECT_EQ(obs[2].value, -1.0);
+    const std::string header = test_HeaderBytes(HeaderFields{});
+    const std::string whole = header + test_RecordBytes({{1, 10}, {2, 20}, {-1, -1}}, true);
+    struct {
+        const char* name;
+        std::string bytes;
+        std::vector<double> values;
+    } const cases[] = {
+        {"skip marker", header + test_RecordBytes({{1, 5}, {-1, -2}, {2, 6}, {-1, -1}}, true), {5, 6, -1}},
+        {"cut record", whole.substr(0, whole.size() - 7), {10, 20, -1}},
+    };
+    for (const auto& c : cases) {
+        test_WriteBytes(dir.Path("o.dat"), c.bytes);
+        std::vector<double> values;
+        for (const Rec& r : ReadAllObs(dir.Path("o.dat"), 1)) values.push_back(r.value);
+        EXPECT_EQ(values, c.values) << c.name;
+    }
+    EXPECT_EQ(ReadAllObs(dir.Path("o.dat"), 1).back().time, -1.0);
+    EXPECT_EQ(op_CountReps(dir.Path("o.dat").c_str()), 15836);
 }
 
 // Replication means: step rule weighted by the value that ends each step for
@@ -187,10 +187,6 @@ TEST(DataFileRecords, SeekToAReplication) {
             EXPECT_EQ(v, c.firstValue) << c.rep;
         }
     }
-}
-
-TEST(DataFileRecords, SeekOnAFileWithoutRecords) {
-    TempDir dir;
     test_WriteDataFile(dir.Path("e.dat"), {}, {});
     Open o(dir.Path("e.dat"));
     int found = -1;

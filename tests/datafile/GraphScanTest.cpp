@@ -24,38 +24,28 @@ protected:
     std::string a, b;
 };
 
-TEST_F(GraphScanTest, OneReplicationOrTheWholeFile) {
-    double bounds[4] = {0, 0, 0, 0};
-    ASSERT_EQ(op_ScanRangeFiles({{a, 1}}, bounds, kAllOpen), 0);
-    EXPECT_EQ(bounds[0], 1.0);
-    EXPECT_EQ(bounds[1], 2.0);
-    EXPECT_EQ(bounds[2], -3.0);
-    EXPECT_EQ(bounds[3], 4.0);
-    ASSERT_EQ(op_ScanRangeFiles({{a, 2}}, bounds, kAllOpen), 0);
-    EXPECT_EQ(bounds[0], 0.5);
-    EXPECT_EQ(bounds[3], 8.0);
-    ASSERT_EQ(op_ScanRangeFiles({{a, REP_LUMPED}}, bounds, kAllOpen), 0);
-    EXPECT_EQ(bounds[0], 0.5);
-    EXPECT_EQ(bounds[1], 7.0);
-    EXPECT_EQ(bounds[2], -3.0);
-    EXPECT_EQ(bounds[3], 8.0);
-}
-
-TEST_F(GraphScanTest, SeveralFilesAndGivenBounds) {
-    double bounds[4] = {0, 0, 0, 0};
-    ASSERT_EQ(op_ScanRangeFiles({{a, REP_ALL}, {b, 1}}, bounds, kAllOpen), 0);
-    EXPECT_EQ(bounds[0], 0.5);
-    EXPECT_EQ(bounds[1], 9.0);  // the skip marker does not end b
-    EXPECT_EQ(bounds[2], -50.0);
-    EXPECT_EQ(bounds[3], 100.0);
-    // Times given as 1..5: only values inside them count; the given bounds stay.
-    double window[4] = {1.0, 5.0, 0.0, 0.0};
-    const int flags[4] = {1, 1, -1, -1};
-    ASSERT_EQ(op_ScanRangeFiles({{a, REP_ALL}, {b, 1}}, window, flags), 0);
-    EXPECT_EQ(window[0], 1.0);
-    EXPECT_EQ(window[1], 5.0);
-    EXPECT_EQ(window[2], -3.0);
-    EXPECT_EQ(window[3], 100.0);
+// Bounds of one replication, the whole file, several files (the skip marker
+// does not end b); with times given as 1..5 only values inside them count and
+// the given bounds stay.
+TEST_F(GraphScanTest, BoundsOfReplicationsAndFiles) {
+    const int times[4] = {1, 1, -1, -1};
+    struct Case {
+        std::vector<RangeSource> files;
+        const int* flags;
+        double given[4];
+        double bounds[4];
+    } const cases[] = {
+        {{{a, 1}}, kAllOpen, {}, {1, 2, -3, 4}},
+        {{{a, 2}}, kAllOpen, {}, {0.5, 7, 2, 8}},
+        {{{a, REP_LUMPED}}, kAllOpen, {}, {0.5, 7, -3, 8}},
+        {{{a, REP_ALL}, {b, 1}}, kAllOpen, {}, {0.5, 9, -50, 100}},
+        {{{a, REP_ALL}, {b, 1}}, times, {1, 5, 0, 0}, {1, 5, -3, 100}},
+    };
+    for (const Case& c : cases) {
+        double bounds[4] = {c.given[0], c.given[1], c.given[2], c.given[3]};
+        ASSERT_EQ(op_ScanRangeFiles(c.files, bounds, c.flags), 0);
+        for (int i = 0; i < 4; ++i) EXPECT_EQ(bounds[i], c.bounds[i]) << "case " << &c - cases << " bound " << i;
+    }
 }
 
 TEST_F(GraphScanTest, FilesThatCannotBeReadGiveTheLayersMessages) {

@@ -116,19 +116,16 @@ TEST(SingleDoc, AllReplicationsOpenOneSiblingEach) {
     EXPECT_EQ(doc.ReleaseSiblings(), 0);
     EXPECT_TRUE(doc.Siblings().empty());
     EXPECT_FALSE(doc.IsOpen());
-}
 
-TEST(SingleDoc, OneReplicationMakesNoSiblings) {
-    TempDir dir;
-    std::string path = dir.Path("one.dat");
+    // One replication makes no siblings.
     test_WriteDataFile(path, {}, test_Replications({{{1, 1}}}));
-    CountingDoc doc;
-    doc.SetPathName(path);
-    ASSERT_TRUE(doc.OnOpenDocument(path.c_str()));
+    CountingDoc one;
+    one.SetPathName(path);
+    ASSERT_TRUE(one.OnOpenDocument(path.c_str()));
     CountingDoc::made = 0;
-    EXPECT_EQ(doc.OpenAllReps(&doc), 0);
+    EXPECT_EQ(one.OpenAllReps(&one), 0);
     EXPECT_EQ(CountingDoc::made, 0);
-    EXPECT_EQ(doc.Siblings().size(), 1u);
+    EXPECT_EQ(one.Siblings().size(), 1u);
 }
 
 }  // namespace

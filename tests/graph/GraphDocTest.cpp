@@ -47,35 +47,28 @@ protected:
     std::string path;
 };
 
-TEST_F(GraphDocTest, WindowPointsWithTheLastPointBeforeItCarriedIn) {
-    CGraphDoc doc;
-    ASSERT_EQ(Load(doc, 1, 2.5, 3.5), 0);
-    // 2 comes in from before the window; 4 lies after it and ends the scan.
-    EXPECT_EQ(Points(doc), (std::vector<Point>{{2, 20}, {3, 30}}));
-    EXPECT_EQ(doc.m_xValues[2], -1.0);
-    EXPECT_EQ(doc.m_yValues[2], -1.0);
-}
-
-TEST_F(GraphDocTest, AWindowWithoutDataStoresOnlyTheEndMark) {
-    CGraphDoc doc;
-    ASSERT_EQ(Load(doc, 1, 5.0, 6.0), 0);  // every record lies before the window
-    EXPECT_EQ(doc.m_nPoints, 0);
-    EXPECT_EQ(doc.m_xValues[0], -1.0);
-}
-
-TEST_F(GraphDocTest, AWindowStartingBeforeTheDataHasNoCarryIn) {
-    CGraphDoc doc;
-    ASSERT_EQ(Load(doc, 1, 0.5, 10.0), 0);
-    EXPECT_EQ(Points(doc), (std::vector<Point>{{1, 10}, {2, 20}, {3, 30}, {4, 40}}));
-}
-
-TEST_F(GraphDocTest, AReplicationEndsAtItsMarkerUnlessLumped) {
-    CGraphDoc second;
-    ASSERT_EQ(Load(second, 2, 0.0, 10.0), 0);
-    EXPECT_EQ(Points(second), (std::vector<Point>{{1, 5}, {2, 6}}));
-    CGraphDoc lumped;
-    ASSERT_EQ(Load(lumped, REP_LUMPED, 0.0, 10.0), 0);
-    EXPECT_EQ(Points(lumped), (std::vector<Point>{{1, 10}, {2, 20}, {3, 30}, {4, 40}, {1, 5}, {2, 6}}));
+// The last point before the window is carried in; a point after it ends the
+// scan; a replication ends at its marker unless lumped. Every load ends with
+// the mark -1.
+TEST_F(GraphDocTest, WindowPoints) {
+    struct {
+        int treatment;
+        double from, to;
+        std::vector<Point> points;
+    } const cases[] = {
+        {1, 2.5, 3.5, {{2, 20}, {3, 30}}},
+        {1, 5.0, 6.0, {}},  // every record lies before the window
+        {1, 0.5, 10.0, {{1, 10}, {2, 20}, {3, 30}, {4, 40}}},
+        {2, 0.0, 10.0, {{1, 5}, {2, 6}}},
+        {REP_LUMPED, 0.0, 10.0, {{1, 10}, {2, 20}, {3, 30}, {4, 40}, {1, 5}, {2, 6}}},
+    };
+    for (const auto& c : cases) {
+        CGraphDoc doc;
+        ASSERT_EQ(Load(doc, c.treatment, c.from, c.to), 0) << c.treatment << " " << c.from;
+        EXPECT_EQ(Points(doc), c.points) << c.treatment << " " << c.from;
+        EXPECT_EQ(doc.m_xValues[c.points.size()], -1.0) << c.treatment << " " << c.from;
+        EXPECT_EQ(doc.m_yValues[c.points.size()], -1.0) << c.treatment << " " << c.from;
+    }
     CGraphDoc beyond;
     EXPECT_EQ(Load(beyond, 4, 0.0, 10.0), IDS_INVALID_REP_TREATMENT);
 }

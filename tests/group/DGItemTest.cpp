@@ -24,34 +24,31 @@ protected:
     TempDir m_dir;
 };
 
-TEST_F(DGItemTest, ReplicationCountWidthGrowsInSteps) {
-    struct Case {
-        int reps;
-        const char* count;  // "%1ld" below 10, "%2ld" to 99, "%4ld" from 100
+// The count is "%1ld" below 10, "%2ld" to 99, "%4ld" from 100; a run cut short
+// has no end-of-data marker, and the count's error id 15836 (a positive
+// number) stands where the count would.
+TEST_F(DGItemTest, DescriptionLines) {
+    struct {
+        int kind, reps;
+        const char* title;
+        bool ended;
+        const char* line;
+    } const cases[] = {
+        {KIND_TALLY, 1, "Waits", true, ", 1, Tally, Waits"},  {KIND_TALLY, 9, "W", true, ", 9, Tally, W"},
+        {KIND_TALLY, 10, "W", true, ", 10, Tally, W"},        {KIND_TALLY, 99, "W", true, ", 99, Tally, W"},
+        {KIND_TALLY, 100, "W", true, ",  100, Tally, W"},     {KIND_TALLY, 1234, "W", true, ", 1234, Tally, W"},
+        {1, 2, "T", true, ", 2, DSTAT, T"},                   {2, 2, "T", true, ", 2, CSTAT, T"},
+        {4, 2, "T", true, ", 2, Output, T"},                  {5, 2, "T", true, ", 2, Filtered, T"},
+        {6, 2, "T", true, ", 2, Counter, T"},                 {7, 2, "T", true, ", 2, Frequency, T"},
+        {KIND_DSTAT, 5, "", true, ", 5, DSTAT"},  // no title, no trailing separator
+        {KIND_TALLY, 2, "Cut", false, ", 15836, Tally, Cut"},
     };
-    const Case cases[] = {{1, "1"}, {9, "9"}, {10, "10"}, {99, "99"}, {100, " 100"}, {123, " 123"}, {1234, "1234"}};
-    for (const Case& c : cases) {
-        std::string path = m_dir.Path("r" + std::to_string(c.reps) + ".dat");
-        grp_test_WriteDataFile(path, KIND_TALLY, c.reps, "Waits");
-        CDGItem item(path);
-        EXPECT_EQ(item.m_strDescription, path + ", " + c.count + ", Tally, Waits") << c.reps;
+    int n = 0;
+    for (const auto& c : cases) {
+        std::string path = m_dir.Path("d" + std::to_string(++n) + ".dat");
+        grp_test_WriteDataFile(path, c.kind, c.reps, c.title, c.ended);
+        EXPECT_EQ(CDGItem(path).m_strDescription, path + c.line);
     }
-}
-
-TEST_F(DGItemTest, TypeTextFollowsTheDataKind) {
-    const char* const texts[] = {"DSTAT", "CSTAT", "Tally", "Output", "Filtered", "Counter", "Frequency"};
-    for (int kind = 1; kind <= 7; ++kind) {
-        std::string path = m_dir.Path("k" + std::to_string(kind) + ".dat");
-        grp_test_WriteDataFile(path, kind, 2, "T");
-        EXPECT_EQ(CDGItem(path).m_strDescription, path + ", 2, " + texts[kind - 1] + ", T");
-    }
-}
-
-TEST_F(DGItemTest, NoTitleMeansNoTrailingSeparator) {
-    std::string path = m_dir.Path("q.dat");
-    grp_test_WriteDataFile(path, KIND_DSTAT, 5, "");
-    CDGItem item(path);
-    EXPECT_EQ(item.m_strDescription, path + ", 5, DSTAT");
 }
 
 TEST_F(DGItemTest, ConstructionKeepsTheTimeOnlyWhenDescribed) {
@@ -101,15 +98,6 @@ TEST_F(DGItemTest, FailuresLeaveTheErrorLine) {
     CDGItem damaged(junk);
     EXPECT_NE(damaged.Describe(false), 0);
     EXPECT_EQ(damaged.m_strDescription, junk + ", <error accessing file>");
-}
-
-TEST_F(DGItemTest, CountErrorShowsAsTheCount) {
-    // A run cut short has no end-of-data marker; the count's error id 15836
-    // is a positive number and stands where the count would.
-    std::string path = m_dir.Path("cut.dat");
-    grp_test_WriteDataFile(path, KIND_TALLY, 2, "Cut", false);
-    CDGItem item(path);
-    EXPECT_EQ(item.m_strDescription, path + ", 15836, Tally, Cut");
 }
 
 }  // namespace

@@ -67,42 +67,30 @@ std::string Lines(std::size_t bytes) {
     return text;
 }
 
-TEST_F(TextFill, EmptyReportLeavesViewEmptyAndFileDeleted) {
-    FixedView view("");
-    EXPECT_EQ(view.OnInitialUpdate(), 0);
-    EXPECT_EQ(view.GetText(), "");
-    EXPECT_TRUE(m_host.ids.empty());
-    EXPECT_FALSE(TempFileLeft());
-}
-
-TEST_F(TextFill, LongReportWholeOrCutByHost) {
-    const std::string report = Lines(40000);
+// A host whose control holds 32767 characters takes exactly that much without
+// a message and cuts a longer report with one; the file is always deleted.
+TEST_F(TextFill, ReportWholeOrCutByHost) {
     struct Case {
         int limitedHost;
-        std::size_t shown;
+        std::size_t size, shown;
         std::vector<int> messages;
     } cases[] = {
-        {0, 40000, {}},
-        {1, 32767, {IDS_TEXT_TOO_LONG}},
+        {0, 0, 0, {}},
+        {0, 40000, 40000, {}},
+        {1, 32767, 32767, {}},
+        {1, 40000, 32767, {IDS_TEXT_TOO_LONG}},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.limitedHost);
+        SCOPED_TRACE(c.size);
         m_host.ids.clear();
         cfg_SetWin95ForTesting(c.limitedHost);
+        const std::string report = Lines(c.size);
         FixedView view(report);
         EXPECT_EQ(view.OnInitialUpdate(), c.messages.empty() ? 0 : c.messages[0]);
         EXPECT_EQ(view.GetText(), report.substr(0, c.shown));
         EXPECT_EQ(m_host.ids, c.messages);
         EXPECT_FALSE(TempFileLeft());
     }
-}
-
-TEST_F(TextFill, LimitedHostTakesExactlyFullControlWithoutMessage) {
-    cfg_SetWin95ForTesting(1);
-    FixedView view(Lines(32767));
-    EXPECT_EQ(view.OnInitialUpdate(), 0);
-    EXPECT_EQ(view.GetText().size(), 32767u);
-    EXPECT_TRUE(m_host.ids.empty());
 }
 
 TEST_F(TextFill, TemporaryFileBlockedGives15945AndEmptyView) {

@@ -43,6 +43,7 @@ TEST_F(CorrDlgChecks, OrderMessagesAndFocus) {
         {"", "x", 0, "", 15803, DataFile},
         {"none.dat", "x", 0, "none.dat", 15811, DataFile},
         {"tally.dat", "x", 0, "tally.dat", 15925, OutputFile},
+        {"tally.dat", "", 3, "./tally.dat", 15925, OutputFile},  // the source named another way
         {"bad.dat", "x", 0, "", 15821, DataFile},
         {"tally.dat", "x", 0, "", 15804, Replications},
         {"cstat.dat", "9", 0, "", 15809, MaxLags},
@@ -63,16 +64,6 @@ TEST_F(CorrDlgChecks, OrderMessagesAndFocus) {
         EXPECT_EQ(dlg.Validate(nullptr), c.id) << c.file << " " << c.reps << " " << c.lags << " " << c.out;
         EXPECT_EQ(dlg.FocusControl(), c.focus) << c.file << " " << c.reps << " " << c.lags;
     }
-}
-
-TEST_F(CorrDlgChecks, OutputNamedLikeTheSourceAnotherWay) {
-    CCorrDlg dlg;
-    dlg.m_strFile = P("tally.dat");
-    dlg.m_nMaxLags = 3;
-    dlg.m_strOutFile = (dir.Dir() / "." / "tally.dat").string();
-    EXPECT_EQ(dlg.Validate(nullptr), 15925);
-    dlg.m_strOutFile = P("tally.cor");
-    EXPECT_EQ(dlg.Validate(nullptr), 0);
 }
 
 TEST_F(CorrDlgChecks, MaximumLagsFieldComesFirst) {

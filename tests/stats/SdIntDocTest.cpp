@@ -76,17 +76,6 @@ TEST_F(SdIntDocTest, Report) {
                            "abcdefghijklmnop       1.58         0.947          4.54          4         5\n");
 }
 
-TEST_F(SdIntDocTest, NoTitleLineWithoutATitle) {
-    CSdIntDlg dlg = MakeDialog({{a, "", "a.dat"}}, "95");
-    CSdIntDoc doc;
-    ASSERT_EQ(doc.InitFromDialog(dlg), 0);
-    EXPECT_EQ(Report(doc), "              Standard Deviation Intervals Summary\n"
-                           "\n"
-                           "IDENTIFIER         EST.STANDARD   LOWER 0.950   UPPER 0.950      RANGE    NUMBER\n"
-                           "                      DEVIATION     C.I.LIMIT     C.I.LIMIT     OF OBS    OF OBS\n"
-                           "a.dat                  1.58         0.947          4.54          4         5\n");
-}
-
 TEST_F(SdIntDocTest, LimitsAndGraphRange) {
     CSdIntDlg dlg = MakeDialog({{a, "", ""}, {b, "1", ""}, {b, "2", ""}}, "0.95");
     CSdIntDoc doc;
@@ -106,6 +95,8 @@ TEST_F(SdIntDocTest, LimitsAndGraphRange) {
     EXPECT_NEAR(doc.Results().graphHigh, 45.128, 0.05);
     EXPECT_EQ(doc.GraphTitleId(), 15951);
     EXPECT_EQ(doc.Results().rows[1].range, 2.0);
+    // No title line without a title.
+    EXPECT_EQ(Report(doc).substr(0, 57), "              Standard Deviation Intervals Summary\n\nIDENT");
 }
 
 TEST_F(SdIntDocTest, LumpedReadsOnAcrossReplications) {

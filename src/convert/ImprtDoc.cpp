@@ -1,0 +1,138 @@
+#include "convert/ImprtDoc.h"
+
+#include <charconv>
+#include <cstring>
+#include <filesystem>
+#include <string_view>
+
+#include "convert/ConvertDlgs.h"
+#include "convert/TextLines.h"
+#include "convert/TextNumbers.h"
+#include "datafile/DataFile.h"
+#include "datafile/OutputDataFile.h"
+#include "framework/Config.h"
+#include "framework/Host.h"
+#include "framework/Messages.h"
+
+namespace {
+
+constexpr int kHeaderLines = 4;
+constexpr long kIdentMax = 24;
+// The layer reads header lines into a buffer of 80: a longer line would be
+// read as two.
+constexpr std::size_t kHeaderLineMax = 78;
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+// A whole number after optional blanks; null when there is none.
+const char* ParseLong(const char* p, const char* end, long* out) {
+    while (p != end && IsBlank(*p)) ++p;
+    std::from_chars_result r = std::from_chars(p, end, *out);
+    return r.ec == std::errc() ? r.ptr : nullptr;
+}
+
+// Line 2: count, identifier length and title length, and nothing else.
+bool CountsLineValid(std::string_view line) {
+    const char* p = line.data();
+    const char* end = p + line.size();
+    long values[3];
+    for (long& v : values)
+        if (!(p = ParseLong(p, end, &v)) || v < 0) return false;
+    while (p != end && IsBlank(*p)) ++p;
+    return p == end && values[1] <= kIdentMax;
+}
+
+// A record line: time, blanks, value; blanks may follow.
+bool ParseRecord(std::string_view line, bool single, double* t, double* v) {
+    const char* p = line.data();
+    const char* end = p + line.size();
+    while (p != end && IsBlank(*p)) ++p;
+    if (!(p = conv_ParseNumber(p, end, single, t))) return false;
+    if (p == end || !IsBlank(*p)) return false;
+    while (p != end && IsBlank(*p)) ++p;
+    if (!(p = conv_ParseNumber(p, end, single, v))) return false;
+    while (p != end && IsBlank(*p)) ++p;
+    return p == end;
+}
+
+std::string TrimBoth(const char* text) {
+    std::string_view s(text);
+    while (!s.empty() && IsBlank(s.front())) s.remove_prefix(1);
+    while (!s.empty() && IsBlank(s.back())) s.remove_suffix(1);
+    return std::string(s);
+}
+
+int LineFailure(int id, long line) {
+    AfxMessageBox(id, msg_Format(id, line));
+    return id;
+}
+
+}  // namespace
+
+int CImprtDoc::InitFromDialog(CDialog& dialog) {
+    auto* dlg = dynamic_cast<CImprtDlg*>(&dialog);
+    if (!dlg) return IDS_SOURCE_NOT_SPECIFIED;
+    m_results = ImportResults{};
+    m_results.source = dlg->m_strFile;
+    m_results.destination = dlg->m_strOutFile.empty() ? conv_DefaultOutput(dlg->m_strFile, "dat") : dlg->m_strOutFile;
+    SetTitle(std::filesystem::path(m_results.source == "-" ? m_results.destination : m_results.source)
+                 .filename()
+                 .string());
+
+    CTextLines in;
+    if (int rc = in.Open(m_results.source)) return rc;
+
+    // The header through the data-file layer's own reader; the checks here
+    // only find the line to blame.
+    std::string header;
+    std::string_view line;
+    for (int i = 1; i <= kHeaderLines; ++i) {
+        if (!in.Next(&line) || in.LastLineOpen()) {
+            if (in.Failed()) return IDS_READ_ERROR;
+            return LineFailure(IDS_LINE_BAD_HEADER, i);
+        }
+        if (line.size() > kHeaderLineMax || (i == 2 && !CountsLineValid(line)))
+            return LineFailure(IDS_LINE_BAD_HEADER, i);
+        header.append(line).push_back('\n');
+    }
+    DataFileHeader h;
+    std::size_t used = 0;
+    if (op_ParseExportHdr(header.data(), header.size(), &h, &used) || h.kind < KIND_DSTAT || h.kind > KIND_FREQUENCY)
+        return LineFailure(IDS_LINE_BAD_HEADER, 1);
+    // The export header's type text is right-aligned; the data file's is left-aligned.
+    const std::string type = TrimBoth(h.type);
+    std::strncpy(h.type, type.c_str(), sizeof h.type - 1);
+
+    COutputDataFile out(m_results.destination);
+    const int isDouble = dlg->m_nPrecision >= 0 ? dlg->m_nPrecision : (cfg_GetDoublePrecOutput() != 0);
+    out.SetPrecision(isDouble);
+    if (int rc = out.Open()) return rc;
+    if (int rc = out.WriteHeader(h)) return rc;
+    m_results.kind = h.kind;
+    m_results.isDouble = isDouble;
+
+    bool ended = false;
+    bool open = false;  // observations since the last closing marker
+    while (in.Next(&line)) {
+        double t, v;
+        if (!ParseRecord(line, !isDouble, &t, &v)) return LineFailure(IDS_LINE_NOT_A_PAIR, in.LineNumber());
+        if (in.LastLineOpen()) return LineFailure(IDS_TEXT_CUT_SHORT, in.LineNumber());
+        out.Put(t, v);
+        ++m_results.records;
+        if (t <= MARK_END) {
+            if (v == MARK_SKIP) continue;
+            ++m_results.replications;
+            ended = v == MARK_END;
+            open = false;
+        } else {
+            ++m_results.observations;
+            open = true;
+        }
+    }
+    if (in.Failed()) return IDS_READ_ERROR;
+    // Only batch output may end without its end marker: anything else was cut.
+    if (!ended && h.kind != KIND_FILTERED) return LineFailure(IDS_TEXT_CUT_SHORT, in.LineNumber());
+    // Batch output ends its last replication with the file.
+    if (!ended && open) ++m_results.replications;
+    return out.Commit();
+}
