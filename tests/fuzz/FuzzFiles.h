@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <unistd.h>
 
@@ -24,4 +26,19 @@ inline void fuzz_WriteFile(const std::string& path, const std::uint8_t* data, st
     if (!f) std::abort();  // the machine, not the input: stop rather than test nothing
     if (size && std::fwrite(data, 1, size, f) != size) std::abort();
     std::fclose(f);
+}
+
+inline std::string fuzz_ReadFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+inline bool fuzz_Exists(const std::string& path) {
+    std::error_code ec;
+    return std::filesystem::exists(path, ec);
+}
+
+inline void fuzz_Remove(const std::string& path) {
+    std::error_code ec;
+    std::filesystem::remove(path, ec);
 }
