@@ -1,5 +1,6 @@
 #include "convert/ImprtDoc.h"
 
+#include <cctype>
 #include <charconv>
 #include <cstring>
 #include <filesystem>
@@ -97,6 +98,11 @@ int CImprtDoc::InitFromDialog(CDialog& dialog) {
     // The export header's type text is right-aligned; the data file's is left-aligned.
     const std::string type = TrimBoth(h.type);
     std::strncpy(h.type, type.c_str(), sizeof h.type - 1);
+    // A data file's reader drops trailing blanks of the identifier and the
+    // title, so they are dropped here too: otherwise the file would differ
+    // from the one its own export imports back to.
+    op_TrimRight(h.ident);
+    while (!h.title.empty() && std::isspace(static_cast<unsigned char>(h.title.back()))) h.title.pop_back();
 
     COutputDataFile out(m_results.destination);
     const int isDouble = dlg->m_nPrecision >= 0 ? dlg->m_nPrecision : (cfg_GetDoublePrecOutput() != 0);

@@ -21,6 +21,8 @@ public:
     ResultValue(long x) : ResultValue(static_cast<double>(x)) {}
     ResultValue(long long x) : ResultValue(static_cast<double>(x)) {}
     ResultValue(unsigned long x) : ResultValue(static_cast<double>(x)) {}
+    // std::size_t on 64-bit Windows.
+    ResultValue(unsigned long long x) : ResultValue(static_cast<double>(x)) {}
     // Without these a string literal would become a bool.
     ResultValue(const char* s) : m_kind(Kind::String), m_string(s) {}
     ResultValue(std::string s) : m_kind(Kind::String), m_string(std::move(s)) {}

@@ -43,6 +43,10 @@ grep -qx -- "0 nan(0x1)" x/payload.dat.dax || fail "NaN payload: $(cat x/payload
 sed '1s/^   203/   103/' x/double.dat.dax >old.dax
 "$oproc" import old.dax --out old.dat --double >/dev/null || fail "103 header"
 cmp -s old.dat x/double.dat || fail "103 gives another file"
+# Blanks after the identifier and the title are not kept by a data file.
+sed -e '2s/.*/     1        6       16/' -e '3s/$/   /' -e '4s/$/  /' x/double.dat.dax >blanks.dax
+"$oproc" import blanks.dax --out blanks.dat --double >/dev/null || fail "trailing blanks"
+cmp -s blanks.dat x/double.dat || fail "trailing blanks of identifier and title are kept"
 
 # The summaries.
 cat >want <<'T'

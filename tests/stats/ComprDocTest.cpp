@@ -17,7 +17,6 @@ namespace {
 // Probability for Engineers, Table V), three decimals as printed there.
 constexpr double kT3 = 3.182;
 constexpr double kT5 = 2.571;
-constexpr double kT4 = 2.776;
 // The quantile routine's tolerance is 0.001; the table is printed to 0.001.
 constexpr double kTableTolerance = 0.002;
 
