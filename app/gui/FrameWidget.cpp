@@ -3,6 +3,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <ostream>
 
 #include "GraphWidget.h"
@@ -61,11 +62,31 @@ std::vector<GraphPane> FrameWidget::GraphPanes() const {
     return panes;
 }
 
-std::string FrameWidget::ReportText() const { return out_ReportText(*m_frame); }
+std::int64_t FrameWidget::BodyRows() const { return m_paged ? m_paged->BodyLineCount() : 0; }
+
+std::string FrameWidget::ReportText(std::int64_t maxRows) const {
+    if (!m_paged) return out_ReportText(*m_frame);
+    // In the terminal's order of views; the body in large pages read in order.
+    constexpr std::int64_t kPage = 4096;
+    std::string text;
+    for (const auto& v : m_frame->Views()) {
+        const auto* report = dynamic_cast<const CTextView*>(v.get());
+        if (!report) continue;
+        text += report->GetText();
+        if (dynamic_cast<const CPagedReport*>(report) != m_paged) continue;
+        const std::int64_t lines = std::min(BodyRows(), maxRows);
+        for (std::int64_t first = 0; first < lines; first += kPage) {
+            std::string page = m_paged->BodyLines(first, std::min(kPage, lines - first));
+            if (page.empty()) break;
+            text += page;
+        }
+    }
+    return text;
+}
 
 bool FrameWidget::WriteReport(std::ostream& out) const {
     if (m_paged) return m_paged->WriteAll(out, ReportFormat::Text) == 0 && out.good();
-    std::string text = ReportText();
+    std::string text = out_ReportText(*m_frame);
     return static_cast<bool>(out.write(text.data(), static_cast<std::streamsize>(text.size())).flush());
 }
 

@@ -7,7 +7,9 @@
 
 #include <QWidget>
 
+#include <cstdint>
 #include <iosfwd>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,7 +36,12 @@ public:
     bool HasReport() const { return !m_reports.empty(); }
     // The graph panes as the window shows them now, top to bottom.
     std::vector<GraphPane> GraphPanes() const;
-    std::string ReportText() const;
+    // Lines in the body of a paged report (0 for other windows); the first
+    // call may read the whole data.
+    std::int64_t BodyRows() const;
+    // The report as the terminal prints it, a paged one fetched a page at a
+    // time and cut after maxRows lines of its body: what Print and Copy take.
+    std::string ReportText(std::int64_t maxRows = std::numeric_limits<std::int64_t>::max()) const;
     // The whole report as the terminal prints it, a paged one included, as it
     // is made; false after a read error (its message shown).
     bool WriteReport(std::ostream& out) const;

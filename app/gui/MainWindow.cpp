@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QLocale>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -428,7 +429,9 @@ void MainWindow::Print() {
     printer.setDocName(frame->Caption());
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return;
-    out_Print(frame->GraphPanes(), frame->ReportText(), out_ReportFont(frame->Frame()), printer);
+    std::optional<std::string> report = ReportToOutput(*frame, tr("Print"));
+    if (!report) return;
+    out_Print(frame->GraphPanes(), *report, out_ReportFont(frame->Frame()), printer);
 }
 
 void MainWindow::PrintPreview() {
@@ -436,9 +439,11 @@ void MainWindow::PrintPreview() {
     if (!frame) return;
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(frame->Caption());
+    std::optional<std::string> report = ReportToOutput(*frame, tr("Preview"));
+    if (!report) return;
     QPrintPreviewDialog preview(&printer, this);
-    connect(&preview, &QPrintPreviewDialog::paintRequested, this, [frame](QPrinter* p) {
-        out_Print(frame->GraphPanes(), frame->ReportText(), out_ReportFont(frame->Frame()), *p);
+    connect(&preview, &QPrintPreviewDialog::paintRequested, this, [frame, &report](QPrinter* p) {
+        out_Print(frame->GraphPanes(), *report, out_ReportFont(frame->Frame()), *p);
     });
     preview.exec();
 }
@@ -480,8 +485,25 @@ void MainWindow::SaveReport() {
 }
 
 void MainWindow::CopyReport() {
-    if (FrameWidget* frame = ActiveFrame(); frame && frame->HasReport())
-        QApplication::clipboard()->setText(QString::fromStdString(frame->ReportText()));
+    FrameWidget* frame = ActiveFrame();
+    if (!frame || !frame->HasReport()) return;
+    if (std::optional<std::string> report = ReportToOutput(*frame, tr("Copy")))
+        QApplication::clipboard()->setText(QString::fromStdString(*report));
+}
+
+std::optional<std::string> MainWindow::ReportToOutput(FrameWidget& frame, const QString& verb) {
+    // Pages of a table past this many rows are of no use on paper or in an
+    // editor pasted into, and the text is held whole: the user may take the start.
+    const std::int64_t rows = frame.BodyRows();
+    if (rows <= kMaxOutputRows) return frame.ReportText();
+    const QString limit = QLocale().toString(static_cast<qlonglong>(kMaxOutputRows));
+    QMessageBox::StandardButton answer = QMessageBox::question(
+        this, verb,
+        tr("The table has %1 rows. %2 only the first %3 rows?")
+            .arg(QLocale().toString(static_cast<qlonglong>(rows)), verb, limit),
+        QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Yes);
+    if (answer != QMessageBox::Yes) return std::nullopt;
+    return frame.ReportText(kMaxOutputRows);
 }
 
 void MainWindow::CopyGraph() {

@@ -6,7 +6,10 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 class CDocFrame;
@@ -38,6 +41,12 @@ public:
     QMdiArea* Area() const { return m_area; }
     QMenu* AnalysisMenu() const { return m_analysisMenu; }
 
+    // A table longer than this is printed, previewed or copied only in part,
+    // and only when the user agrees.
+    static constexpr std::int64_t kMaxOutputRows = 100000;
+    // Edit > Copy Report on the active window: its whole report as text.
+    void CopyReport();
+
     // Writes PNG pictures of the window and of each menu opened over it into folder.
     bool SaveScreenshots(const QString& folder);
 
@@ -63,7 +72,9 @@ private:
     void PrintPreview();
     void ExportGraph(const QString& format);
     void SaveReport();
-    void CopyReport();
+    // The active window's report for the verb's output; none when the user
+    // declines a table cut short.
+    std::optional<std::string> ReportToOutput(FrameWidget& frame, const QString& verb);
     void CopyGraph();
     void ShowShortcuts();
     void ShowAbout();

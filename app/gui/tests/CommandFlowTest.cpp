@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -21,6 +22,7 @@
 
 #include <deque>
 #include <functional>
+#include <sstream>
 
 #include "CommandDialog.h"
 #include "DialogSettings.h"
@@ -35,6 +37,8 @@
 #include "group/CommandTable.h"
 #include "group/Commands.h"
 #include "group/Session.h"
+#include "report/PagedReport.h"
+#include "report/TextView.h"
 #include "convert/ConvertDlgs.h"
 #include "stats/IntrvlDlg.h"
 
@@ -324,13 +328,29 @@ void CommandFlowTest::runsFromTheMenu() {
     CDialog* dlg = m_session->App().GetDialog(row->templateName);
     QVERIFY(dlg);
     std::string coreReport;
-    m_host.SetFrameSink([&](std::unique_ptr<CDocFrame> f) { coreReport = out_ReportText(*f); });
+    m_host.SetFrameSink([&](std::unique_ptr<CDocFrame> f) {
+        // As the terminal prints it: a table's window holds only its heading.
+        std::ostringstream out;
+        for (const auto& v : f->Views()) {
+            if (auto* paged = dynamic_cast<CPagedReport*>(v.get()))
+                QCOMPARE(paged->WriteAll(out, ReportFormat::Text), 0);
+            else if (const auto* text = dynamic_cast<const CTextView*>(v.get()))
+                out << text->GetText();
+        }
+        coreReport = out.str();
+    });
     QCOMPARE(grp_OpenAnalysis(*row, *dlg), 0);
     m_host.SetFrameSink([this](std::unique_ptr<CDocFrame> f) { m_window->AddFrame(std::move(f)); });
     QCOMPARE(frame->ReportText(), coreReport);
     // Split windows hold a graph; of the single ones only the bar chart draws.
     QCOMPARE(frame->HasGraph(), row->frame == FrameKind::Split || command == QStringLiteral("g_OnBarchart"));
     if (command == QStringLiteral("g_OnTable")) QVERIFY(frame->Table());
+    // Copy Report takes the whole of it, a table's rows included.
+    if (frame->HasReport()) {
+        m_window->Area()->setActiveSubWindow(windows.last());
+        m_window->CopyReport();
+        QCOMPARE(QApplication::clipboard()->text().toStdString(), coreReport);
+    }
 }
 
 void CommandFlowTest::reopensWithTheLastEntries() {
