@@ -255,6 +255,14 @@ void CommandFlowTest::runsFromTheMenu_data() {
     QTest::newRow("load") << "g_OnLoad" << "kind:8" << "Data kind must be a whole number from 1 to 7."
                           << "kind"
                           << "ASCII Load File - arrivals.txt";
+    QTest::newRow("dif") << "g_OnDiffile" << "outFile:%a"
+                         << "Invalid output file specified.  Output file can't be the same as the input file."
+                         << "outFile"
+                         << "DIF File - a.dat";
+    // Last: it extends file b.
+    QTest::newRow("append") << "g_OnAppend" << "outFile:missing.dat" << "File not found"
+                            << "outFile"
+                            << "Append - a.dat";
 }
 
 void CommandFlowTest::runsFromTheMenu() {
@@ -268,7 +276,7 @@ void CommandFlowTest::runsFromTheMenu() {
 
     // The entries of a user who wants the waits of both files (or of file a),
     // or who converts the text files into new data files.
-    auto good = [this](CommandDialog& d) {
+    auto good = [this, &command](CommandDialog& d) {
         auto has = [&d](const char* key) { return d.FieldWidget(QString::fromLatin1(key)) != nullptr; };
         if (has("source")) {
             SetText(d, "source", has("kind") ? m_text : m_exported);
@@ -277,7 +285,7 @@ void CommandFlowTest::runsFromTheMenu() {
         } else if (has("file")) {
             SetText(d, "file", m_a);
             if (has("reps")) SetText(d, "reps", QStringLiteral("1"));
-            if (has("outFile")) SetText(d, "outFile", QString());
+            if (has("outFile")) SetText(d, "outFile", command == QStringLiteral("g_OnAppend") ? m_b : QString());
         } else if (FileList(d)->Table()->columnCount() == 4) {
             SetRows(d, {{m_a, QStringLiteral("All"), m_b, QStringLiteral("All")}});
         } else {
@@ -323,6 +331,11 @@ void CommandFlowTest::runsFromTheMenu() {
     // The subject is the core's choice: the title, the file's name or its path.
     QCOMPARE(frame->Caption(), QString(caption).replace(QStringLiteral("%a"), m_a));
 
+    // A second run of append would extend file b again: its summary is the document's test.
+    if (command == QStringLiteral("g_OnAppend")) {
+        QVERIFY(frame->ReportText().find("Append Summary") != std::string::npos);
+        return;
+    }
     // The window shows what the core reports for the entries the dialog object now holds.
     const GroupCommand* row = grp_FindCommand(command.toStdString());
     CDialog* dlg = m_session->App().GetDialog(row->templateName);
