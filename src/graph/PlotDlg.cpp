@@ -55,20 +55,11 @@ int CPlotDlg::Validate(int* failingIndex) {
 }
 
 std::vector<DlgField> CPlotDlg::Fields() {
-    auto field = [](const char* key, const char* label, DlgControl control, std::string& text, std::size_t limit) {
-        DlgField f;
-        f.key = key;
-        f.label = label;
-        f.control = control;
-        f.text = &text;
-        f.maxLength = limit;
-        return f;
-    };
     return {dlg_TitleField(m_strTitle),
-            field("xLabel", "&X-Axis Label:", DlgControl::None, m_strXLabel, kMaxLabel),
-            field("yLabel", "&Y-Axis Label:", DlgControl::None, m_strYLabel, kMaxLabel),
-            field("beginTime", "D&isplay Time from:", DlgControl::BeginTime, m_strBeginTime, 0),
-            field("endTime", "&to:", DlgControl::EndTime, m_strEndTime, 0),
-            field("minValue", "P&lot Values from:", DlgControl::MinValue, m_strMinValue, 0),
-            field("maxValue", "t&o:", DlgControl::MaxValue, m_strMaxValue, 0)};
+            dlg_TextField("xLabel", "&X-Axis Label:", DlgControl::None, m_strXLabel, kMaxLabel),
+            dlg_TextField("yLabel", "&Y-Axis Label:", DlgControl::None, m_strYLabel, kMaxLabel),
+            dlg_TextField("beginTime", "D&isplay Time from:", DlgControl::BeginTime, m_strBeginTime, 0),
+            dlg_TextField("endTime", "&to:", DlgControl::EndTime, m_strEndTime, 0),
+            dlg_TextField("minValue", "P&lot Values from:", DlgControl::MinValue, m_strMinValue, 0),
+            dlg_TextField("maxValue", "t&o:", DlgControl::MaxValue, m_strMaxValue, 0)};
 }

@@ -66,28 +66,19 @@ int CFiltrDlg::UnitCode(const std::string& text) {
 double CFiltrDlg::BatchSizeTaken(double size) { return size > 0.0 ? size : -1.0; }
 
 std::vector<DlgField> CFiltrDlg::Fields() {
-    auto field = [](const char* key, const char* label, DlgControl control, std::string& text, std::size_t limit) {
-        DlgField f;
-        f.key = key;
-        f.label = label;
-        f.control = control;
-        f.text = &text;
-        f.maxLength = limit;
-        return f;
-    };
     std::vector<DlgField> fields = CBaseDlg::Fields();
     fields.front().maxLength = kTitleLimit;
-    DlgField truncType = field("truncType", "Truncation Ty&pe:", DlgControl::None, m_strTruncType, kComboLimit);
+    DlgField truncType = dlg_TextField("truncType", "Truncation Ty&pe:", DlgControl::None, m_strTruncType, kComboLimit);
     truncType.items = {"Time", "Observation"};
-    DlgField batchType = field("batchType", "Batch Typ&e:", DlgControl::None, m_strBatchType, kComboLimit);
+    DlgField batchType = dlg_TextField("batchType", "Batch Typ&e:", DlgControl::None, m_strBatchType, kComboLimit);
     batchType.items = truncType.items;
-    DlgField out = field("outFile", "Save Batch &Means in File:", DlgControl::OutputFile, m_strOutFile, kFileLimit);
+    DlgField out = dlg_TextField("outFile", "Save Batch &Means in File:", DlgControl::OutputFile, m_strOutFile, kFileLimit);
     out.kind = DlgField::Kind::SaveFile;
     out.filter = msg_Text(16064);
     fields.push_back(truncType);
-    fields.push_back(field("trunc", "&Initial Obs/Time:", DlgControl::Truncation, m_strTrunc, 0));
+    fields.push_back(dlg_TextField("trunc", "&Initial Obs/Time:", DlgControl::Truncation, m_strTrunc, 0));
     fields.push_back(batchType);
-    fields.push_back(field("batchSize", "&Size:", DlgControl::BatchSize, m_strBatchSize, 0));
+    fields.push_back(dlg_TextField("batchSize", "&Size:", DlgControl::BatchSize, m_strBatchSize, 0));
     fields.push_back(out);
     return fields;
 }
