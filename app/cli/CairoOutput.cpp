@@ -19,18 +19,9 @@
 namespace {
 
 // The panes as frame_WriteSvg draws them.
-void Draw(const CDocFrame& frame, const std::vector<FramePane>& panes, cairo_t* cr, int width, int height) {
+void Draw(const std::vector<FramePane>& panes, cairo_t* cr, int width, int height) {
     CCairoDC dc(cr, width, height);
-    for (const FramePane& pane : panes) {
-        const int h = pane.rect.Height();
-        if (h <= 0) break;
-        auto* view = static_cast<CView*>(pane.view);
-        dc.BeginPane(0, pane.rect.top, width, h);
-        view->SetClientRect(CRect{0, 0, width, h});
-        view->OnDraw(dc);
-        dc.EndPane();
-    }
-    (void)frame;
+    frame_DrawPanes(panes, dc, width);
 }
 
 }  // namespace
@@ -46,7 +37,7 @@ int cli_WriteCairo(const CDocFrame& frame, int width, int height, const std::str
     if (pdf) cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_TITLE, frame.GetWindowText().c_str());
     cairo_t* cr = cairo_create(surface);
     if (!pdf) cairo_scale(cr, scale, scale);
-    Draw(frame, panes, cr, width, height);
+    Draw(panes, cr, width, height);
     cairo_destroy(cr);
     cairo_status_t status = pdf ? CAIRO_STATUS_SUCCESS : cairo_surface_write_to_png(surface, out.TempPath().c_str());
     cairo_surface_finish(surface);

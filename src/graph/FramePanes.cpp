@@ -27,15 +27,7 @@ int frame_WriteSvg(const CDocFrame& frame, int width, int height, const std::str
     std::vector<FramePane> panes = frame_Panes(frame, width, height, true);
     if (panes.empty()) return 0;
     CSvgDC dc(width, height, frame.GetWindowText());
-    for (const FramePane& pane : panes) {
-        const int h = pane.rect.Height();
-        if (h <= 0) break;
-        auto* view = static_cast<CView*>(pane.view);
-        dc.BeginPane(0, pane.rect.top, width, h);
-        view->SetClientRect(CRect{0, 0, width, h});
-        view->OnDraw(dc);
-        dc.EndPane();
-    }
+    frame_DrawPanes(panes, dc, width);
     std::string svg = dc.Finish();
 
     CSafeOutput out(path);
