@@ -10,7 +10,8 @@
 # is none): the sample files in both precisions, a correlogram's .cor, a
 # Batch/Truncate .flt, a data group, export text and load text. A target's
 # corpus grows in DIR/fuzz-corpus/NAME between runs; a crash, leak or hang
-# leaves its input in DIR/fuzz-crashes and fails the run. FUZZ_JOBS targets
+# leaves its input in DIR/fuzz-crashes and fails the run; such inputs, once
+# mended, go into tests/fuzz/regressions/NAME, which every run starts from. FUZZ_JOBS targets
 # run at once (default: the processors, at most 2).
 set -u
 cd "$(dirname "$0")/.."
@@ -70,6 +71,8 @@ run_one() {
     local name=$1 seconds=$2 patterns=$3 pool=$4
     local corpus=$dir/fuzz-corpus/$name pattern file
     mkdir -p "$corpus"
+    # Inputs that once failed stay in every run.
+    [ -d "tests/fuzz/regressions/$name" ] && cp tests/fuzz/regressions/"$name"/* "$corpus"/
     for pattern in $patterns; do
         while IFS= read -r file; do cp "$file" "$corpus/seed-$(basename "$(dirname "$file")")-$(basename "$file")"; done \
             < <(find "$pool" -name "$pattern" -type f)

@@ -56,10 +56,13 @@ bool ParseRecord(std::string_view line, bool single, double* t, double* v) {
     return p == end;
 }
 
+// The type field is read by columns, so on a short first line it ends in
+// the line end, which would split the data file's header line in two.
 std::string TrimBoth(const char* text) {
+    auto space = [](char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; };
     std::string_view s(text);
-    while (!s.empty() && IsBlank(s.front())) s.remove_prefix(1);
-    while (!s.empty() && IsBlank(s.back())) s.remove_suffix(1);
+    while (!s.empty() && space(s.front())) s.remove_prefix(1);
+    while (!s.empty() && space(s.back())) s.remove_suffix(1);
     return std::string(s);
 }
 
